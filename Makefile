@@ -1,0 +1,38 @@
+# Two commands on a fresh Debian 12 machine:
+#   make run    install what is missing, build, start the app
+#   make test   install what is missing, build, run every test
+.PHONY: deps build run test bench screenshots asan clean
+
+JOBS ?= $(shell nproc)
+XVFB := xvfb-run -a -s "-screen 0 1920x1080x24"
+# Mesa's software rasteriser renders the 3-D views without a GPU.
+GUI_ENV := LIBGL_ALWAYS_SOFTWARE=1 QT_QUICK_BACKEND= QT_QPA_PLATFORM=xcb
+
+deps:
+	@scripts/install-deps
+
+build: deps
+	cmake --preset debug
+	cmake --build --preset debug -j $(JOBS)
+
+run: build
+	./build/debug/bin/murvane
+
+test: build
+	$(GUI_ENV) $(XVFB) ctest --test-dir build/debug --output-on-failure -j 1
+
+asan: deps
+	cmake --preset asan
+	cmake --build --preset asan -j $(JOBS)
+	$(GUI_ENV) $(XVFB) ctest --test-dir build/asan --output-on-failure -j 1
+
+bench: deps
+	cmake --preset release
+	cmake --build --preset release -j $(JOBS)
+	$(GUI_ENV) $(XVFB) scripts/run-benchmarks build/release
+
+screenshots: build
+	$(GUI_ENV) $(XVFB) scripts/take-screenshots build/debug
+
+clean:
+	rm -rf build
