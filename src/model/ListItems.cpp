@@ -5,6 +5,7 @@
 
 #include <QCollator>
 #include <QCollatorSortKey>
+#include <QLocale>
 #include <algorithm>
 #include <cstdio>
 #include <numeric>
@@ -285,7 +286,10 @@ void ListItems::sortItems(qint64 listIndex, bool ascending, bool byText)
     std::vector<qsizetype> order(size_t(list.size()));
     std::iota(order.begin(), order.end(), 0);
     if (byText) {
-        QCollator collator;
+        // The POSIX "C" locale collates by code point, which would put every
+        // capital first; sort such machines by the root (English) rules.
+        const QLocale locale = QLocale().language() == QLocale::C ? QLocale(QLocale::English) : QLocale();
+        QCollator collator(locale);
         collator.setCaseSensitivity(Qt::CaseInsensitive);
         std::vector<QCollatorSortKey> keys;
         keys.reserve(size_t(list.size()));

@@ -1,0 +1,167 @@
+#include "model/ListItems.h"
+#include "model/UndoStack.h"
+#include "platform/MemoryPreferencesStore.h"
+
+#include <QTest>
+
+using namespace UndoActions;
+
+namespace {
+ListItem item(const QString &text, ListItemState s = ListItemState::toDo, bool pinned = false)
+{
+    ListItem i = ListItem::create(text);
+    i.state = s;
+    i.isPinned = pinned;
+    return i;
+}
+} // namespace
+
+class TestUndoStack : public QObject
+{
+    Q_OBJECT
+
+    MemoryPreferencesStore *prefs = nullptr;
+    ListItems *store = nullptr;
+    UndoStack stack;
+
+    // The recording steps the screen performs, kept here in their plain form.
+    void deleteItemAt(qint64 list, qsizetype position)
+    {
+        stack.push(DeleteItem{list, position, store->items()[list][position]});
+        store->deleteItems({position}, list);
+    }
+
+private slots:
+    void init()
+    {
+        prefs = new MemoryPreferencesStore;
+        store = new ListItems(*prefs);
+        stack = UndoStack();
+        for (int i = 0; i < 6; ++i)
+            store->addItem(item(QStringLiteral("item %1").arg(i), i % 2 ? ListItemState::done : ListItemState::toDo), 2);
+        prefs->resetWriteLog();
+    }
+    void cleanup()
+    {
+        delete store;
+        delete prefs;
+    }
+
+    void emptyStackDoesNothing()
+    {
+        const auto outcome = stack.undo(*store);
+        QVERIFY(!outcome.applied);
+        QCOMPARE(prefs->writeCount(), 0);
+    }
+
+    void deletedItemsComeBackNewestFirstWithTheirIds()
+    {
+        const ItemList before = store->items()[2];
+        deleteItemAt(2, 2);
+        deleteItemAt(2, 0);
+        QCOMPARE(store->items()[2].size(), 4);
+        prefs->resetWriteLog();
+
+        QVERIFY(stack.undo(*store).applied);
+        QCOMPARE(store->items()[2][0], before[0]);
+        QCOMPARE(prefs->writtenKeys(), QStringList{PreferenceKeys::items});
+        QVERIFY(stack.undo(*store).applied);
+        QCOMPARE(store->items()[2], before);
+        QVERIFY(stack.isEmpty());
+    }
+
+    void restoredItemKeepsPositionEvenInsidePinnedBlock()
+    {
+        const ListItem victim = store->items()[2][3];
+        deleteItemAt(2, 3);
+        for (const ListItem &i : store->items()[2])
+            store->setPinned(true, i.id, 2);
+        stack.undo(*store);
+        QCOMPARE(store->items()[2][3], victim);
+        QVERIFY(!store->items()[2][3].isPinned);
+    }
+
+    void deletedListReturnsAtItsIndexAndAsksForSelection()
+    {
+        store->addItem(item("only in 4"), 4);
+        stack.push(DeleteList{4, store->listNames()[4], store->items()[4]});
+        const QString name = store->listNames()[4];
+        store->deleteList(4);
+        prefs->resetWriteLog();
+
+        const auto outcome = stack.undo(*store);
+        QVERIFY(outcome.applied);
+        QCOMPARE(outcome.selectList, std::optional<qint64>(4));
+        QCOMPARE(store->listNames()[4], name);
+        QCOMPARE(store->items()[4].first().text, QStringLiteral("only in 4"));
+        QVERIFY(prefs->writtenKeys().contains(PreferenceKeys::listNames));
+        QVERIFY(prefs->writtenKeys().contains(PreferenceKeys::items));
+    }
+
+    void sortUndoRestoresWholeFormerContent()
+    {
+        const ItemList before = store->items()[2];
+        stack.push(SortList{2, before});
+        store->sortItems(2, true, false);
+        store->addItem(item("added after sort"), 2);
+        QVERIFY(stack.undo(*store).applied);
+        QCOMPARE(store->items()[2], before);
+    }
+
+    void markAllUndoRestoresStates()
+    {
+        const ItemList before = store->items()[2];
+        store->setAllStates(2, ListItemState::toDo);
+        stack.push(MarkAll{2, before});
+        QVERIFY(stack.undo(*store).applied);
+        QCOMPARE(store->items()[2], before);
+    }
+
+    void entriesApplyByPositionOrAreDropped()
+    {
+        // An item entry for list 11 once lists were deleted: dropped silently.
+        store->addItem(item("in 11"), 11);
+        deleteItemAt(11, 0);
+        for (int i = 0; i < 3; ++i) {
+            stack.push(DeleteList{0, store->listNames()[0], store->items()[0]});
+            store->deleteList(0);
+        }
+        // Undo the three list deletions first, then the item goes back to list 11.
+        for (int i = 0; i < 3; ++i)
+            QVERIFY(stack.undo(*store).applied);
+        QVERIFY(stack.undo(*store).applied);
+        QCOMPARE(store->items()[11].first().text, QStringLiteral("in 11"));
+
+        // Now with the lists really gone: the entry is dropped and the stack shrinks.
+        deleteItemAt(11, 0);
+        store->deleteList(11);
+        store->deleteList(10);
+        prefs->resetWriteLog();
+        QCOMPARE(stack.size(), 1);
+        QVERIFY(!stack.undo(*store).applied);
+        QVERIFY(stack.isEmpty());
+        QCOMPARE(prefs->writeCount(), 0);
+
+        // Entries with positions beyond what exists, or negative, are dropped too.
+        stack.push(DeleteItem{2, 99, item("x")});
+        stack.push(DeleteList{50, QStringLiteral("far"), {}});
+        stack.push(SortList{-1, {}});
+        stack.push(MarkAll{40, {}});
+        for (int i = 0; i < 4; ++i)
+            QVERIFY(!stack.undo(*store).applied);
+        QCOMPARE(prefs->writeCount(), 0);
+        QCOMPARE(store->listNames().size(), 10);
+    }
+
+    void markAllWithEmptyCopyEmptiesTheListAtThatPosition()
+    {
+        // The toolbar pushes an empty copy when its index was invalid; applied
+        // later to a valid position it empties that list, by design.
+        stack.push(MarkAll{2, {}});
+        QVERIFY(stack.undo(*store).applied);
+        QVERIFY(store->items()[2].isEmpty());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestUndoStack)
+#include "tst_undostack.moc"
