@@ -83,10 +83,6 @@ private slots:
         f.store->setPinned(true, f.id(2), 0); // stored: c a b
         f.store->setState(ListItemState::done, b, 0);
         QCOMPARE(f.shown(), (QStringList{"c", "a", "b"}));
-        const QHash<int, QByteArray> names = f.model->roleNames();
-        QCOMPARE(names.value(DisplayedItemsModel::ItemIdRole), QByteArray("itemId"));
-        QCOMPARE(names.value(DisplayedItemsModel::RotationAngleRole), QByteArray("rotationAngle"));
-
         const QModelIndex first = f.model->index(0);
         const ListItem c = f.store->items()[0][0];
         QCOMPARE(f.model->data(first, DisplayedItemsModel::ItemIdRole).toString(),
