@@ -113,15 +113,6 @@ private slots:
         rig.now = t0.addSecs(14 * day + 1);
         rig.comeBack();
         QTRY_COMPARE(rig.requester.requests(), 1);
-
-        // The next one is 120 days after that prompt.
-        rig.now = rig.now.addSecs(120 * day);
-        rig.comeBack();
-        QTest::qWait(10);
-        QCOMPARE(rig.requester.requests(), 1);
-        rig.now = rig.now.addSecs(1);
-        rig.comeBack();
-        QTRY_COMPARE(rig.requester.requests(), 2);
     }
 
     void followsTheApplicationState()

@@ -3,7 +3,6 @@
 #include "app/RatingManager.h"
 #include "platform/MemoryPreferencesStore.h"
 
-#include <QSignalSpy>
 #include <QTest>
 #include <memory>
 
@@ -122,24 +121,6 @@ private slots:
         else
             QVERIFY(!rig.store.contains(PreferenceKeys::lastPromptDateString));
         QCOMPARE(rig.requester.requests(), 0);
-    }
-
-    void freshInstallThenFourteenDays()
-    {
-        Rig rig;
-        QSignalSpy installSpy(rig.manager.get(), &RatingManager::installDateStringChanged);
-        QVERIFY(!rig.manager->shouldRequestReview());
-        QCOMPARE(installSpy.count(), 1);
-        QCOMPARE(rig.manager->installDateString(), QStringLiteral("2024-05-01T09:30:00Z"));
-        // Repeated checks within the fortnight change nothing.
-        for (qint64 d : {1, 7, 14}) {
-            rig.now = t0.addSecs(d * day);
-            QVERIFY(!rig.manager->shouldRequestReview());
-        }
-        QCOMPARE(rig.store.writeCount(), 1);
-        rig.now = t0.addSecs(14 * day + 1);
-        QVERIFY(rig.manager->shouldRequestReview());
-        QCOMPARE(rig.manager->lastPromptDateString(), QString());
     }
 
     void formatIsUtcWholeSecondsWithZ()
