@@ -14,6 +14,8 @@ MurvaneApp::MurvaneApp(std::unique_ptr<RatingManager> ratingManager, QObject *pa
     : QObject(parent)
     , m_ratingManager(std::move(ratingManager))
 {
+    // The toolbar's "Rate Murvane!" opens the page through the one manager.
+    WriteReviewOpener::setStandard(m_ratingManager.get());
     if (auto *app = qobject_cast<QGuiApplication *>(QCoreApplication::instance())) {
         // Already active when made (a platform that activates before the
         // first window): that is the initial state, not a change.
@@ -22,7 +24,11 @@ MurvaneApp::MurvaneApp(std::unique_ptr<RatingManager> ratingManager, QObject *pa
     }
 }
 
-MurvaneApp::~MurvaneApp() = default;
+MurvaneApp::~MurvaneApp()
+{
+    if (&WriteReviewOpener::standard() == m_ratingManager.get())
+        WriteReviewOpener::setStandard(nullptr);
+}
 
 bool MurvaneApp::showWindow()
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/WriteReviewOpener.h"
 #include <QDateTime>
 #include <QObject>
 #include <QString>
@@ -20,7 +21,7 @@ class UrlOpener;
 // ones more than 120 days after the last. A stored date that does not parse
 // silences it and is left as it is; a clock set before a stored date
 // answers no.
-class RatingManager : public QObject
+class RatingManager : public QObject, public WriteReviewOpener
 {
     Q_OBJECT
     QML_ELEMENT
@@ -57,7 +58,7 @@ public:
     Q_INVOKABLE void requestReview();
     // Opens the page where the user writes a review. Independent of the
     // dates: it neither reads nor writes them.
-    Q_INVOKABLE void openWriteReviewPage();
+    Q_INVOKABLE void openWriteReviewPage() override;
 
     // 2024-05-01T09:30:00Z: UTC, whole seconds, trailing Z.
     static QString formatDate(const QDateTime &dateTime);

@@ -3,6 +3,7 @@
 #include "app/MurvaneApp.h"
 #include "app/RatingManager.h"
 #include "platform/MemoryPreferencesStore.h"
+#include "platform/WriteReviewOpener.h"
 
 #include <QGuiApplication>
 #include <QTest>
@@ -42,6 +43,18 @@ class TestMurvaneApp : public QObject
     Q_OBJECT
 
 private slots:
+    void rateEntryOpensThePageThroughTheAppsManager()
+    {
+        {
+            Rig rig;
+            WriteReviewOpener::standard().openWriteReviewPage();
+            QCOMPARE(rig.opener.opened.size(), 1);
+            QCOMPARE(rig.store.writeCount(), 0); // the dates are not touched
+        }
+        // Gone with the app: the standard opener no longer points at it.
+        WriteReviewOpener::standard().openWriteReviewPage();
+    }
+
     void initialActiveStateDoesNotCount()
     {
         Rig rig;
