@@ -12,7 +12,7 @@ Item {
     property real pointSize: 17
     property color color: "black"
 
-    readonly property symbolSpec spec: Symbols.spec(name)
+    readonly property symbolSpec symbol: Symbols.symbol(name)
     readonly property real em: pointSize * Symbols.emScale
 
     implicitWidth: pointSize
@@ -23,37 +23,37 @@ Item {
         width: root.em
         height: root.em
         anchors.centerIn: parent
-        rotation: root.spec.rotation
+        rotation: root.symbol.rotation
 
         Text {
             id: glyph
-            visible: root.spec.glyph !== ""
+            visible: root.symbol.glyph !== ""
             width: box.width
             // The baseline is placed from the font's own em box, so the
             // glyph is centred whatever line height the font reports.
             y: box.height * Symbols.baselineRatio - baselineOffset
             horizontalAlignment: Text.AlignHCenter
-            text: root.spec.glyph
+            text: root.symbol.glyph
             color: root.color
             font.family: Symbols.fontFamily
             font.pixelSize: box.height
         }
 
         Text {
-            readonly property real size: box.height * root.spec.badgeScale
-            visible: root.spec.badge !== ""
+            readonly property real size: box.height * root.symbol.badgeScale
+            visible: root.symbol.badge !== ""
             x: (box.width - width) / 2
             width: size
-            y: (box.height - size) / 2 + size * Symbols.baselineRatio - baselineOffset + root.spec.badgeOffsetY * box.height
+            y: (box.height - size) / 2 + size * Symbols.baselineRatio - baselineOffset + root.symbol.badgeOffsetY * box.height
             horizontalAlignment: Text.AlignHCenter
-            text: root.spec.badge
+            text: root.symbol.badge
             color: root.color
             font.family: Symbols.fontFamily
             font.pixelSize: Math.max(1, size)
         }
 
         Shape {
-            visible: root.spec.path !== ""
+            visible: root.symbol.path !== ""
             anchors.fill: parent
             // Edges are smoothed by multisampling the drawn icons only.
             layer.enabled: visible
@@ -67,7 +67,7 @@ Item {
                 scale: Qt.size(box.width / 24, box.height / 24)
 
                 PathSvg {
-                    path: root.spec.path
+                    path: root.symbol.path
                 }
             }
         }

@@ -35,9 +35,9 @@ public:
 
     // Every identifier the table knows, sorted.
     static QStringList names();
-    // The icon for an identifier; an invalid spec for an unknown one.
+    // The icon for an identifier; an invalid entry for an unknown one.
     static SymbolSpec lookup(const QString &name);
 
-    Q_INVOKABLE SymbolSpec spec(const QString &name) const { return lookup(name); }
+    Q_INVOKABLE SymbolSpec symbol(const QString &name) const { return lookup(name); }
     Q_INVOKABLE bool contains(const QString &name) const { return lookup(name).isValid(); }
 };

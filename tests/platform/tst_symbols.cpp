@@ -63,9 +63,9 @@ private slots:
     void everyEntryDrawsFromTheFontOrAPath()
     {
         QFETCH(QString, name);
-        const SymbolSpec spec = Symbols::lookup(name);
-        QVERIFY(spec.glyph.isEmpty() != spec.path.isEmpty());
-        for (const QString &text : {spec.glyph, spec.badge}) {
+        const SymbolSpec symbol = Symbols::lookup(name);
+        QVERIFY(symbol.glyph.isEmpty() != symbol.path.isEmpty());
+        for (const QString &text : {symbol.glyph, symbol.badge}) {
             if (text.isEmpty())
                 continue;
             const QList<uint> ucs4 = text.toUcs4();
@@ -76,10 +76,10 @@ private slots:
             QCOMPARE(indexes.size(), 1);
             QVERIFY(!m_font.pathForGlyph(indexes.first()).isEmpty());
         }
-        if (!spec.badge.isEmpty())
-            QVERIFY(spec.badgeScale > 0 && spec.badgeScale < 1);
-        if (!spec.path.isEmpty())
-            QVERIFY(spec.path.startsWith(QLatin1Char('M')));
+        if (!symbol.badge.isEmpty())
+            QVERIFY(symbol.badgeScale > 0 && symbol.badgeScale < 1);
+        if (!symbol.path.isEmpty())
+            QVERIFY(symbol.path.startsWith(QLatin1Char('M')));
     }
 
     void unknownNameIsEmpty()
