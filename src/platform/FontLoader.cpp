@@ -1,5 +1,7 @@
 #include "FontLoader.h"
 
+#include "Symbols.h"
+
 #include <QFile>
 #include <QFont>
 #include <QFontDatabase>
@@ -17,13 +19,14 @@ void loadBundledFonts()
         "/usr/share/texmf/fonts/opentype/public/tex-gyre/texgyreheros-regular.otf",
         "/usr/share/texmf/fonts/opentype/public/tex-gyre/texgyreheros-bold.otf",
         "/usr/share/fonts/truetype/noto/NotoColorEmoji.ttf",
-        "/usr/share/fonts/truetype/materialdesignicons-webfont/materialdesignicons-webfont.ttf",
     };
     for (const char *path : files) {
         const QString file = QString::fromLatin1(path);
         if (QFile::exists(file))
             QFontDatabase::addApplicationFont(file);
     }
+    // The icon font is built into the app, so every icon has its glyph.
+    QFontDatabase::addApplicationFont(Symbols::fontResource());
     QFont font(uiFamily);
     // Emoji in list names come from the colour emoji face.
     font.setFamilies({uiFamily, emojiFamily});

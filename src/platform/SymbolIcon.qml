@@ -1,0 +1,75 @@
+import QtQuick
+import QtQuick.Shapes
+import Murvane
+
+// An icon of the app's symbol set, asked for by its identifier. Its implicit
+// size is the point size square; the font's own margin spills over it, so
+// icons line up with text of the same size.
+Item {
+    id: root
+
+    property string name
+    property real pointSize: 17
+    property color color: "black"
+
+    readonly property symbolSpec spec: Symbols.spec(name)
+    readonly property real em: pointSize * Symbols.emScale
+
+    implicitWidth: pointSize
+    implicitHeight: pointSize
+
+    Item {
+        id: box
+        width: root.em
+        height: root.em
+        anchors.centerIn: parent
+        rotation: root.spec.rotation
+
+        Text {
+            id: glyph
+            visible: root.spec.glyph !== ""
+            width: box.width
+            // The baseline is placed from the font's own em box, so the
+            // glyph is centred whatever line height the font reports.
+            y: box.height * Symbols.baselineRatio - baselineOffset
+            horizontalAlignment: Text.AlignHCenter
+            text: root.spec.glyph
+            color: root.color
+            font.family: Symbols.fontFamily
+            font.pixelSize: box.height
+        }
+
+        Text {
+            readonly property real size: box.height * root.spec.badgeScale
+            visible: root.spec.badge !== ""
+            x: (box.width - width) / 2
+            width: size
+            y: (box.height - size) / 2 + size * Symbols.baselineRatio - baselineOffset + root.spec.badgeOffsetY * box.height
+            horizontalAlignment: Text.AlignHCenter
+            text: root.spec.badge
+            color: root.color
+            font.family: Symbols.fontFamily
+            font.pixelSize: Math.max(1, size)
+        }
+
+        Shape {
+            visible: root.spec.path !== ""
+            anchors.fill: parent
+            // Edges are smoothed by multisampling the drawn icons only.
+            layer.enabled: visible
+            layer.samples: 4
+
+            ShapePath {
+                fillColor: root.color
+                strokeColor: "transparent"
+                strokeWidth: 0
+                fillRule: ShapePath.WindingFill
+                scale: Qt.size(box.width / 24, box.height / 24)
+
+                PathSvg {
+                    path: root.spec.path
+                }
+            }
+        }
+    }
+}
