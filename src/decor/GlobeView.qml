@@ -20,6 +20,8 @@ Item {
     property alias dotSubdivisions: sphere.subdivisions
     readonly property alias dotTriangles: sphere.triangleCount
     readonly property bool spinning: spin.running && !spin.paused
+    // How far the user has turned the camera (Euler degrees of its pivot).
+    readonly property vector3d cameraTurn: cameraPivot.eulerRotation
     property real spinAngle: 0
 
     anchors.fill: parent

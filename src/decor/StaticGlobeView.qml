@@ -10,10 +10,13 @@ Item {
     id: root
 
     property bool isDark: false
-    // Rendered pictures, one per scheme (null until rendered).
-    property var darkPicture: null
-    property var lightPicture: null
-    readonly property bool ready: (isDark ? darkPicture : lightPicture) !== null
+    // Where each scheme's rendered picture can be loaded from, once taken.
+    property url darkSource
+    property url lightSource
+    // True once the picture of the current scheme is on show.
+    readonly property bool ready: (isDark ? darkPicture : lightPicture).status === Image.Ready
+    // True while the hidden 3-D view exists.
+    readonly property bool rendering: renderer.active
     readonly property int side: 28
     // The pictures are drawn this many times larger and scaled down smoothly,
     // which rounds dots only a pixel or two across.
@@ -22,23 +25,39 @@ Item {
     implicitWidth: side
     implicitHeight: side
 
+    // Both pictures stay loaded, so a change of scheme only swaps which one
+    // is visible.
     Image {
+        id: darkPicture
         anchors.centerIn: parent
         width: root.side
         height: root.side
-        source: root.isDark ? (root.darkPicture ? root.darkPicture.url : "")
-                            : (root.lightPicture ? root.lightPicture.url : "")
+        visible: root.isDark
+        source: root.darkSource
         smooth: true
         mipmap: true
     }
 
-    // Renders the scheme on screen first, then the other one, then goes away.
+    Image {
+        id: lightPicture
+        anchors.centerIn: parent
+        width: root.side
+        height: root.side
+        visible: !root.isDark
+        source: root.lightSource
+        smooth: true
+        mipmap: true
+    }
+
+    // Renders the scheme on screen first, then the other one, and goes away
+    // once both pictures are loaded (they are served by the grabs, which go
+    // with it).
     Loader {
         id: renderer
 
         readonly property StaticGlobeSnapshot snapshot: item as StaticGlobeSnapshot
 
-        active: root.darkPicture === null || root.lightPicture === null
+        active: darkPicture.status !== Image.Ready || lightPicture.status !== Image.Ready
         sourceComponent: StaticGlobeSnapshot {}
         onLoaded: {
             renderer.snapshot.pictureSide = root.side * root.oversampling
@@ -49,11 +68,11 @@ Item {
     Connections {
         target: renderer.snapshot
 
-        function onCaptured(dark: bool, picture: var) {
+        function onCaptured(dark: bool, picture: url) {
             if (dark)
-                root.darkPicture = picture
+                root.darkSource = picture
             else
-                root.lightPicture = picture
+                root.lightSource = picture
         }
     }
 }
