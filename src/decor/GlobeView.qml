@@ -71,9 +71,13 @@ Item {
                 eulerRotation.y: root.spinAngle
 
                 Model {
+                    // An icosahedron: dots are a few pixels across, where its
+                    // outline is within a pixel of a circle, and each extra
+                    // subdivision quadruples the triangles the software
+                    // rasteriser has to set up.
                     geometry: DotSphereGeometry {
                         id: sphere
-                        subdivisions: 1
+                        subdivisions: 0
                     }
                     instancing: GlobeInstancing {
                         id: dots

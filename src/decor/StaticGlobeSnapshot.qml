@@ -95,6 +95,7 @@ Item {
             eulerRotation.x: scene.tiltDegrees
 
             Model {
+                // Drawn once, four times oversized: a finer sphere costs little.
                 geometry: DotSphereGeometry {
                     subdivisions: 1
                 }
