@@ -1,0 +1,103 @@
+import QtQuick
+import QtTest
+import Murvane
+
+Item {
+    id: scene
+    width: 200
+    height: 200
+
+    Component {
+        id: iconComponent
+        // A button-like frame: grey so both dot colours show, and a click
+        // target under the icon.
+        Rectangle {
+            property alias icon: icon
+            property int clicks: 0
+            width: 60
+            height: 60
+            color: "#808080"
+            MouseArea {
+                anchors.fill: parent
+                onClicked: parent.clicks += 1
+            }
+            StaticGlobeView {
+                id: icon
+                anchors.centerIn: parent
+            }
+        }
+    }
+
+    TestCase {
+        name: "StaticGlobeView"
+        when: windowShown
+
+        // Pixels clearly darker and clearly lighter than the grey behind.
+        function tally(item) {
+            const image = grabImage(item)
+            let dark = 0
+            let light = 0
+            for (let y = 0; y < image.height; ++y) {
+                for (let x = 0; x < image.width; ++x) {
+                    const c = image.pixel(x, y)
+                    if (c.r < 0.3)
+                        ++dark
+                    else if (c.r > 0.7)
+                        ++light
+                }
+            }
+            return { dark: dark, light: light }
+        }
+
+        function test_isA28PointIcon() {
+            const frame = createTemporaryObject(iconComponent, scene)
+            compare(frame.icon.implicitWidth, 28)
+            compare(frame.icon.implicitHeight, 28)
+        }
+
+        function test_rendersBothSchemesOnceThenDropsThe3DView() {
+            const frame = createTemporaryObject(iconComponent, scene, { "icon.isDark": false })
+            verify(frame.icon.rendering)
+            tryVerify(() => !frame.icon.rendering, 5000)
+            verify(frame.icon.ready)
+            verify(frame.icon.darkSource != "" && frame.icon.lightSource != "")
+            verify(frame.icon.darkSource != frame.icon.lightSource)
+        }
+
+        function test_dotColourFollowsTheScheme_data() {
+            return [ { tag: "light first", dark: false }, { tag: "dark first", dark: true } ]
+        }
+        function test_dotColourFollowsTheScheme(data) {
+            const frame = createTemporaryObject(iconComponent, scene, { "icon.isDark": data.dark })
+            tryVerify(() => !frame.icon.rendering, 5000)
+            waitForRendering(frame)
+            let t = tally(frame.icon)
+            if (data.dark) {
+                verify(t.light > 60 && t.dark === 0, JSON.stringify(t))
+            } else {
+                verify(t.dark > 60 && t.light === 0, JSON.stringify(t))
+            }
+
+            // Switching swaps the picture at once, with no new rendering.
+            frame.icon.isDark = !data.dark
+            verify(frame.icon.ready)
+            verify(!frame.icon.rendering)
+            waitForRendering(frame)
+            t = tally(frame.icon)
+            if (data.dark) {
+                verify(t.dark > 60 && t.light === 0, JSON.stringify(t))
+            } else {
+                verify(t.light > 60 && t.dark === 0, JSON.stringify(t))
+            }
+        }
+
+        function test_tapsReachTheButtonUnderIt() {
+            const frame = createTemporaryObject(iconComponent, scene)
+            tryVerify(() => frame.icon.ready, 5000)
+            mouseClick(frame.icon)
+            compare(frame.clicks, 1)
+            mouseDrag(frame.icon, 5, 5, 15, 15)
+            compare(frame.icon.isDark, false)
+        }
+    }
+}
