@@ -34,13 +34,19 @@ Flickable {
         policy: root.contentHeight > root.height ? ScrollBar.AsNeeded : ScrollBar.AlwaysOff
     }
 
+    FontMetrics {
+        id: metrics
+
+        font: area.font
+    }
+
     TextArea.flickable: TextArea {
         id: area
 
         text: root.text
-        // One point of padding inside the editor's usual eight-point inset.
-        topPadding: 9
-        bottomPadding: 9
+        // One line sits in the middle of the 36-point minimum.
+        topPadding: Math.max(1, Math.floor((36 - metrics.lineSpacing) / 2))
+        bottomPadding: topPadding
         leftPadding: 5
         rightPadding: 5
         wrapMode: TextEdit.Wrap
