@@ -30,8 +30,14 @@ public:
 
     explicit DisplayedItemsModel(ListItems *store, QObject *parent = nullptr);
 
+    // Shows another list: a reset, so the view starts afresh.
     void setListIndex(qint64 listIndex);
     qint64 listIndex() const { return m_listIndex; }
+    // While held, store changes and index changes wait; the last release
+    // applies them in one step, so a list that moved together with the
+    // selection shows no change at all. Holds nest.
+    void holdUpdates();
+    void releaseUpdates();
     // Set by the screen when a marker's angle changes.
     void setRotationAngle(const QUuid &id, double degrees);
 
@@ -41,15 +47,27 @@ public:
 
     // The item shown at a row (for the screen's row actions).
     const ListItem *itemAt(int row) const;
+    // The row showing an item, or -1.
+    Q_INVOKABLE int rowOf(const QString &itemId) const;
 
 signals:
     void countChanged();
 
 private:
+    // Follows the store: diffs the rows against the list as it now stands.
     void refresh();
+    // Ids in the same order: report only the rows whose data differ.
+    void reportChangedRows(const QList<ListItems::Positioned> &rows, int first, int last);
+    bool tryInsertOrRemove(QList<ListItems::Positioned> &rows);
+    bool tryMove(QList<ListItems::Positioned> &rows);
+    void reset(QList<ListItems::Positioned> rows);
+    QList<ListItems::Positioned> displayedRows() const;
 
     QPointer<ListItems> m_store;
     qint64 m_listIndex = 0;
     QList<ListItems::Positioned> m_rows;
     QHash<QUuid, double> m_angles;
+    int m_holds = 0;
+    bool m_dirty = false;
+    bool m_indexChanged = false;
 };

@@ -7,11 +7,15 @@
 #include <QPointer>
 #include <QTimer>
 #include <QUuid>
+#include <memory>
 #include <QtQml/qqml.h>
 
+class Appearance;
 class DisplayedItemsModel;
 class Haptics;
 class KeyboardResponder;
+class ShareSheet;
+class WriteReviewOpener;
 
 // Everything the main screen decides. It owns the store, the keyboard
 // observer and the undo stack; ContentView.qml binds to it, draws and
@@ -25,6 +29,8 @@ class ScreenState : public QObject
     Q_PROPERTY(KeyboardResponder *keyboardResponder READ keyboardResponder CONSTANT)
     // Rows of the selected list in display order (pinned first).
     Q_PROPERTY(DisplayedItemsModel *displayedItems READ displayedItems CONSTANT)
+    // Where share() sends the list's text; ShareSheetView shows it.
+    Q_PROPERTY(ShareSheet *shareSheet READ shareSheet CONSTANT)
 
     // Persisted ("selectedListIndex").
     Q_PROPERTY(qint64 selectedListIndex READ selectedListIndex WRITE setSelectedListIndex NOTIFY selectedListIndexChanged)
@@ -51,14 +57,27 @@ class ScreenState : public QObject
     Q_PROPERTY(bool canUndo READ canUndo NOTIFY undoStackChanged)
 
 public:
+    // The services the screen talks to besides the store; a null member
+    // means the app's own (Appearance::instance(), an in-app share sheet
+    // owned by the screen, WriteReviewOpener::standard()).
+    struct Services
+    {
+        Appearance *appearance = nullptr;
+        ShareSheet *shareSheet = nullptr;
+        WriteReviewOpener *reviewOpener = nullptr;
+    };
+
     // Uses the standard preferences store and haptics.
     explicit ScreenState(QObject *parent = nullptr);
     ScreenState(PreferencesStore &preferences, Haptics &haptics, QObject *parent = nullptr);
+    ScreenState(PreferencesStore &preferences, Haptics &haptics, const Services &services,
+                QObject *parent = nullptr);
     ~ScreenState() override;
 
     ListItems *store() const;
     KeyboardResponder *keyboardResponder() const;
     DisplayedItemsModel *displayedItems() const;
+    ShareSheet *shareSheet() const;
     UndoStack &undoStack();
 
     qint64 selectedListIndex() const;
@@ -155,11 +174,18 @@ signals:
     void undoStackChanged();
     void rotationChanged(const QString &itemId, double angle);
     // Requests to the views: bring an item row to the bottom of the visible
-    // list; centre the selected chip in the header row over `durationMs`.
+    // list; centre the selected chip in the header row over `durationMs`
+    // (ease-in-out; a later request replaces a running one; 0 = jump, as on
+    // appearing). Every change of the selection asks for 200 ms; flows that
+    // need another pace ask again right after.
     void scrollToItem(const QString &itemId);
     void scrollHeaderToSelected(int durationMs);
 
 private:
+    void sortSelected(bool byText);
+    // Renews themeRefreshID when the stored theme differs from the one shown.
+    void followTheme();
+
     struct Private;
     std::unique_ptr<Private> d;
 };

@@ -1,0 +1,187 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Murvane
+
+// The share sheet: slides up from the bottom while the sheet is presented,
+// shows the text being shared and offers "Copy" and "Email"; "Cancel", a tap
+// outside or Escape closes it.
+Popup {
+    id: root
+
+    property ShareSheet sheet: null
+    readonly property bool dark: Appearance.isDark
+    readonly property color cardColor: dark ? Qt.rgba(0.17, 0.17, 0.18, 0.98) : Qt.rgba(0.98, 0.98, 0.98, 0.98)
+    readonly property color separator: dark ? Qt.rgba(0.33, 0.33, 0.35, 0.6) : Qt.rgba(0.24, 0.24, 0.26, 0.29)
+    readonly property color textColor: dark ? "white" : "black"
+    readonly property color actionColor: dark ? "#0a84ff" : "#007aff"
+    readonly property Item copyButton: copy
+    readonly property Item emailButton: email
+    readonly property Item cancelButton: cancel
+
+    parent: T.Overlay.overlay
+    width: parent ? Math.min(parent.width - 16, 500) : 374
+    x: parent ? Math.round((parent.width - width) / 2) : 0
+    y: parent ? parent.height - height - 8 : 0
+    padding: 0
+    modal: true
+    dim: true
+    closePolicy: Popup.CloseOnEscape | Popup.CloseOnPressOutside
+    visible: sheet !== null && sheet.isPresented
+    // However it closes, the sheet is no longer presented.
+    onClosed: if (sheet !== null && sheet.isPresented) sheet.dismiss()
+
+    T.Overlay.modal: Rectangle {
+        color: Qt.rgba(0, 0, 0, 0.3)
+    }
+
+    enter: Transition {
+        NumberAnimation {
+            property: "y"
+            from: root.parent ? root.parent.height : 0
+            to: root.parent ? root.parent.height - root.height - 8 : 0
+            duration: 300
+            easing.type: Easing.OutCubic
+        }
+    }
+    exit: Transition {
+        NumberAnimation {
+            property: "y"
+            to: root.parent ? root.parent.height : 0
+            duration: 200
+            easing.type: Easing.InCubic
+        }
+    }
+
+    background: Item {}
+
+    ColumnLayout {
+        anchors.fill: parent
+        spacing: 8
+
+        Rectangle {
+            Layout.fillWidth: true
+            Layout.preferredHeight: actions.implicitHeight
+            radius: 14
+            color: root.cardColor
+
+            ColumnLayout {
+                id: actions
+
+                anchors.fill: parent
+                spacing: 0
+
+                Flickable {
+                    id: preview
+
+                    Layout.fillWidth: true
+                    Layout.preferredHeight: Math.min(previewText.implicitHeight, 220) + 32
+                    contentHeight: previewText.implicitHeight + 32
+                    clip: true
+                    boundsBehavior: Flickable.StopAtBounds
+
+                    Text {
+                        id: previewText
+
+                        x: 16
+                        y: 16
+                        width: preview.width - 32
+                        text: root.sheet !== null ? root.sheet.text : ""
+                        textFormat: Text.PlainText
+                        wrapMode: Text.Wrap
+                        color: root.textColor
+                        font.pixelSize: 15
+                    }
+                }
+
+                Rectangle {
+                    Layout.fillWidth: true
+                    Layout.preferredHeight: 0.5
+                    color: root.separator
+                }
+
+                AbstractButton {
+                    id: copy
+
+                    objectName: "copyButton"
+                    Layout.fillWidth: true
+                    Layout.preferredHeight: 56
+                    text: "Copy"
+                    focusPolicy: Qt.NoFocus
+                    Accessible.name: text
+                    onClicked: root.sheet.copyText()
+                    contentItem: Text {
+                        text: copy.text
+                        color: root.actionColor
+                        font.pixelSize: 20
+                        horizontalAlignment: Text.AlignHCenter
+                        verticalAlignment: Text.AlignVCenter
+                    }
+                    background: Rectangle {
+                        color: copy.down ? (root.dark ? Qt.rgba(1, 1, 1, 0.1) : Qt.rgba(0, 0, 0, 0.08)) : "transparent"
+                    }
+                }
+
+                Rectangle {
+                    Layout.fillWidth: true
+                    Layout.preferredHeight: 0.5
+                    color: root.separator
+                }
+
+                AbstractButton {
+                    id: email
+
+                    objectName: "emailButton"
+                    Layout.fillWidth: true
+                    Layout.preferredHeight: 56
+                    text: "Email"
+                    focusPolicy: Qt.NoFocus
+                    Accessible.name: text
+                    onClicked: root.sheet.emailText()
+                    contentItem: Text {
+                        text: email.text
+                        color: root.actionColor
+                        font.pixelSize: 20
+                        horizontalAlignment: Text.AlignHCenter
+                        verticalAlignment: Text.AlignVCenter
+                    }
+                    background: Rectangle {
+                        radius: 14
+                        color: email.down ? (root.dark ? Qt.rgba(1, 1, 1, 0.1) : Qt.rgba(0, 0, 0, 0.08)) : "transparent"
+                        // Square top corners: only the card's bottom is round.
+                        Rectangle {
+                            width: parent.width
+                            height: parent.radius
+                            color: parent.color
+                        }
+                    }
+                }
+            }
+        }
+
+        AbstractButton {
+            id: cancel
+
+            objectName: "cancelButton"
+            Layout.fillWidth: true
+            Layout.preferredHeight: 56
+            text: "Cancel"
+            focusPolicy: Qt.NoFocus
+            Accessible.name: text
+            onClicked: root.sheet.dismiss()
+            contentItem: Text {
+                text: cancel.text
+                color: root.actionColor
+                font.pixelSize: 20
+                font.weight: Font.DemiBold
+                horizontalAlignment: Text.AlignHCenter
+                verticalAlignment: Text.AlignVCenter
+            }
+            background: Rectangle {
+                radius: 14
+                color: cancel.down ? (root.dark ? Qt.rgba(0.24, 0.24, 0.25, 0.98) : Qt.rgba(0.9, 0.9, 0.9, 0.98)) : root.cardColor
+            }
+        }
+    }
+}
