@@ -107,11 +107,9 @@ ListView {
         id: row
 
         required property int index
-        required property var model
         required property string itemId
-        required property bool isDone
-        required property bool isPinned
-        required property real rotationAngle
+        // The other roles go to properties the row already has.
+        required property var model
 
         readonly property bool dragged: list.dragFrom === index
         // How far the row steps aside to open the gap for a dragged row.
@@ -128,6 +126,9 @@ ListView {
         objectName: "itemRow_" + index
         width: ListView.view.width
         itemText: model.text
+        isDone: model.isDone
+        isPinned: model.isPinned
+        rotationAngle: model.rotationAngle
         z: dragged ? 5 : 0
         scale: dragged ? 1.03 : 1
         swipe.enabled: list.dragFrom < 0

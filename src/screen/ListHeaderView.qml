@@ -131,7 +131,7 @@ Item {
                         readonly property bool selected: index === root.selectedIndex
 
                         objectName: "chip_" + index
-                        anchors.verticalCenter: parent.verticalCenter
+                        y: (chips.height - height) / 2
                         focusPolicy: Qt.NoFocus
                         leftPadding: 14
                         rightPadding: 14

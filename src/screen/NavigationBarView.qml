@@ -8,7 +8,7 @@ Item {
     id: root
 
     required property ScreenState screen
-    readonly property TitleEditorView titleEditor: title
+    readonly property TitleEditorView titleEditor: editor
     readonly property Item deleteButton: minus
 
     implicitHeight: 44
@@ -66,7 +66,7 @@ Item {
     }
 
     TitleEditorView {
-        id: title
+        id: editor
 
         objectName: "titleEditor"
         anchors.centerIn: parent
@@ -74,7 +74,7 @@ Item {
         width: Math.max(0, parent.width - 2 * (Math.max(leading.width, trailing.width) + 16))
         height: parent.height
         title: root.screen.currentListName
-        pointSize: root.screen.titlePointSize(title)
+        pointSize: root.screen.titlePointSize(root.screen.currentListName)
         onTitleChange: text => root.screen.onTitleChange(text)
         onTitleEditingChanged: editing => root.screen.onTitleEditingChanged(editing)
         onTitleCommit: root.screen.onTitleCommit()

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls.Basic
-import QtQuick.Layouts
 import Murvane
 
 // The row of controls at the foot of the screen: scheme toggle, sort by
@@ -28,16 +27,20 @@ Item {
 
     implicitHeight: 44
 
-    RowLayout {
+    // Five equal cells, each control centred in its own.
+    Row {
+        id: cells
+
+        readonly property real cellWidth: width / 5
+
         anchors.fill: parent
-        spacing: 0
 
         SymbolButton {
             id: moon
 
             objectName: "schemeButton"
-            Layout.fillWidth: true
-            Layout.fillHeight: true
+            width: cells.cellWidth
+            height: cells.height
             text: "Dark or Light"
             symbol: "moonphase.waxing.gibbous.inverse"
             pointSize: 16
@@ -63,8 +66,8 @@ Item {
 
         SymbolButton {
             objectName: "sortStatusButton"
-            Layout.fillWidth: true
-            Layout.fillHeight: true
+            width: cells.cellWidth
+            height: cells.height
             text: "Sort by Status"
             symbol: "arrow.up.arrow.down"
             pointSize: 16
@@ -75,8 +78,8 @@ Item {
             id: menuButton
 
             objectName: "menuButton"
-            Layout.fillWidth: true
-            Layout.fillHeight: true
+            width: cells.cellWidth
+            height: cells.height
             focusPolicy: Qt.NoFocus
             text: "Menu"
             Accessible.name: text
@@ -91,8 +94,8 @@ Item {
             contentItem: Item {
                 SymbolIcon {
                     anchors.centerIn: parent
-                    name: "largecircle.fill.circle"
-                    pointSize: 28
+                    name: "circle"
+                    pointSize: 26
                     color: Appearance.foreground
                 }
             }
@@ -148,8 +151,8 @@ Item {
             id: abc
 
             objectName: "sortTextButton"
-            Layout.fillWidth: true
-            Layout.fillHeight: true
+            width: cells.cellWidth
+            height: cells.height
             focusPolicy: Qt.NoFocus
             text: "ABC"
             Accessible.name: "Sort by Text"
@@ -168,8 +171,8 @@ Item {
 
         SymbolButton {
             objectName: "shareButton"
-            Layout.fillWidth: true
-            Layout.fillHeight: true
+            width: cells.cellWidth
+            height: cells.height
             text: "Share"
             symbol: "square.and.arrow.up"
             pointSize: 16
