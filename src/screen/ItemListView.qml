@@ -150,6 +150,19 @@ ListView {
                 anchors.fill: parent
                 color: list.rowFill
             }
+            // A lifted row is solid and casts a shadow, so the rows it
+            // passes over do not show through it.
+            Rectangle {
+                anchors.fill: parent
+                visible: row.dragged
+                color: Appearance.pick(Appearance.theme.listRowBackgroundDark, Appearance.theme.listRowBackgroundLight)
+
+                RoundedShadow {
+                    blur: 8
+                    offsetY: 3
+                    color: Qt.rgba(0, 0, 0, 0.25)
+                }
+            }
             Rectangle {
                 anchors.top: parent.top
                 width: parent.width

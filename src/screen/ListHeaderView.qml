@@ -101,13 +101,19 @@ Item {
                 easing.bezierCurve: [0.42, 0, 0.58, 1, 1, 1]
             }
 
-            // A wheel or touchpad scrolls the strip sideways.
+            // A mouse wheel turned either way, or a touchpad, scrolls the
+            // strip sideways.
             WheelHandler {
-                orientation: Qt.Vertical
-                property: "contentX"
-                target: flick
-                rotationScale: -1
+                target: null
                 enabled: flick.contentWidth > flick.width
+                onWheel: event => {
+                    const pixels = Math.abs(event.pixelDelta.x) + Math.abs(event.pixelDelta.y) > 0;
+                    const dx = pixels ? event.pixelDelta.x : event.angleDelta.x / 3;
+                    const dy = pixels ? event.pixelDelta.y : event.angleDelta.y / 3;
+                    const delta = Math.abs(dx) > Math.abs(dy) ? dx : dy;
+                    scroll.stop();
+                    flick.contentX = Math.max(0, Math.min(flick.contentWidth - flick.width, flick.contentX - delta));
+                }
             }
 
             Row {

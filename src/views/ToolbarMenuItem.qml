@@ -41,9 +41,12 @@ MenuItem {
     }
 
     background: Item {
+        // Inset and rounded, so that it stays inside the card's corners.
         Rectangle {
             anchors.fill: parent
-            color: root.down || root.highlighted ? (Appearance.isDark ? Qt.rgba(1, 1, 1, 0.12) : Qt.rgba(0, 0, 0, 0.08)) : "transparent"
+            anchors.margins: 4
+            radius: 9
+            color: root.down || root.hovered ? (Appearance.isDark ? Qt.rgba(1, 1, 1, 0.12) : Qt.rgba(0, 0, 0, 0.08)) : "transparent"
         }
         Rectangle {
             anchors.bottom: parent.bottom

@@ -1,5 +1,7 @@
 // Renders the main screen with sample lists in every theme and scheme, and
 // once at tablet size, into PNG files: `murvane_screenshots <directory>`.
+// With `--more` it adds the smallest phone, a landscape tablet, an empty
+// list and the open menu, for checking the layout by eye.
 
 #include "appearance/Appearance.h"
 #include "model/ItemsCodec.h"
@@ -72,7 +74,19 @@ void settle(QQuickView &view)
     QObject::disconnect(connection);
 }
 
-bool shoot(QQmlEngine &engine, const QSize &size, const QString &path)
+// Opens the toolbar's menu and its themes submenu before the grab.
+void openMenus(QQuickItem *root)
+{
+    QQuickItem *layers = root->property("layers").value<QQuickItem *>();
+    QQuickItem *toolbar = layers ? layers->property("toolbar").value<QQuickItem *>() : nullptr;
+    QObject *menu = toolbar ? toolbar->property("menu").value<QObject *>() : nullptr;
+    if (!menu)
+        return;
+    QQuickItem *button = toolbar->property("menuButton").value<QQuickItem *>();
+    QMetaObject::invokeMethod(button, "clicked");
+}
+
+bool shoot(QQmlEngine &engine, const QSize &size, const QString &path, bool withMenu = false)
 {
     QQuickView view(&engine, nullptr);
     view.setResizeMode(QQuickView::SizeRootObjectToView);
@@ -83,6 +97,10 @@ bool shoot(QQmlEngine &engine, const QSize &size, const QString &path)
         return false;
     view.show();
     settle(view);
+    if (withMenu) {
+        openMenus(view.rootObject());
+        settle(view);
+    }
     const QImage image = view.grabWindow();
     view.hide();
     view.setSource(QUrl());
@@ -95,8 +113,9 @@ int main(int argc, char *argv[])
 {
     QGuiApplication app(argc, argv);
     QTextStream err(stderr);
-    if (argc != 2) {
-        err << "usage: murvane_screenshots <output directory>\n";
+    const bool more = argc == 3 && qstrcmp(argv[2], "--more") == 0;
+    if (argc != 2 && !more) {
+        err << "usage: murvane_screenshots <output directory> [--more]\n";
         return 2;
     }
     const QDir out(QString::fromLocal8Bit(argv[1]));
@@ -121,19 +140,28 @@ int main(int argc, char *argv[])
         QString scheme;
         QSize size;
         QString prefix;
+        bool withMenu = false;
+        qint64 selected = 1;
     };
     QList<Shot> shots;
     for (const char *theme : {"green", "pink", "blue", "gray", "purple", "classic"})
         for (const char *scheme : {"light", "dark"})
             shots.append({QString::fromLatin1(theme), QString::fromLatin1(scheme), QSize(390, 844), QString()});
     shots.append({QStringLiteral("green"), QStringLiteral("light"), QSize(1024, 1366), QStringLiteral("tablet-")});
+    if (more) {
+        shots.append({QStringLiteral("blue"), QStringLiteral("light"), QSize(360, 640), QStringLiteral("small-")});
+        shots.append({QStringLiteral("purple"), QStringLiteral("dark"), QSize(1366, 1024), QStringLiteral("landscape-")});
+        shots.append({QStringLiteral("green"), QStringLiteral("dark"), QSize(390, 844), QStringLiteral("empty-"), false, 3});
+        shots.append({QStringLiteral("pink"), QStringLiteral("light"), QSize(390, 844), QStringLiteral("menu-"), true});
+    }
 
     int failures = 0;
     for (const Shot &shot : shots) {
         appearance->setThemeKey(shot.theme);
         appearance->setSchemeKey(shot.scheme);
+        preferences.setInteger(PreferenceKeys::selectedListIndex, shot.selected);
         const QString path = out.filePath(shot.prefix + shot.theme + QLatin1Char('-') + shot.scheme + QStringLiteral(".png"));
-        if (shoot(engine, shot.size, path)) {
+        if (shoot(engine, shot.size, path, shot.withMenu)) {
             QTextStream(stdout) << path << "\n";
         } else {
             err << "failed: " << path << "\n";

@@ -140,6 +140,22 @@ Item {
             }, 2000);
         }
 
+        function test_wheelScrollsTheStrip() {
+            const names = [];
+            for (let i = 0; i < 12; ++i)
+                names.push("List number " + i);
+            makeScreen(names, names.map(() => []), 0);
+            const flick = layers.header.flickable;
+            mouseWheel(flick, 100, 20, 0, -120);
+            tryVerify(() => flick.contentX > 0);
+            for (let i = 0; i < 100; ++i)
+                mouseWheel(flick, 100, 20, 0, -120);
+            // Never past the end.
+            compare(flick.contentX, flick.contentWidth - flick.width);
+            mouseWheel(flick, 100, 20, 0, 120);
+            verify(flick.contentX < flick.contentWidth - flick.width);
+        }
+
         function test_selectionIsRestoredAndClamped() {
             makeScreen(["One", "Two"], [items(["a"]), items(["b"])], 7);
             compare(screen.selectedListIndex, 1);

@@ -121,6 +121,7 @@ Item {
                 mouseMove(row, x, y);
             verify(row.swipe.leftItem);
             compare(row.swipe.leftItem.symbol, data.symbol);
+            verify(row.swipe.leftItem.visible);
             compare(row.swipe.leftItem.title, "Pin");
             mouseRelease(row, 140, y);
         }
