@@ -2,7 +2,8 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Murvane
 
-// The app's one window; its whole content is the main screen.
+// The app's one window; its whole content is the main screen. The review
+// prompt floats over it when the app asks for a rating.
 ApplicationWindow {
     id: window
     width: 390
@@ -12,5 +13,8 @@ ApplicationWindow {
 
     ContentView {
         anchors.fill: parent
+    }
+
+    RatingPromptView {
     }
 }

@@ -1,8 +1,13 @@
+#include "MurvaneApp.h"
+#include "platform/AppIdentity.h"
+#include "platform/FeedbackdHaptics.h"
 #include "platform/FilePreferencesStore.h"
 #include "platform/FontLoader.h"
+#include "platform/Haptics.h"
+#include "platform/RatingPrompt.h"
+#include "platform/ReviewRequester.h"
 
 #include <QGuiApplication>
-#include <QQmlApplicationEngine>
 #include <QQuickStyle>
 #include <QtQml/qqmlextensionplugin.h>
 
@@ -14,22 +19,28 @@ int main(int argc, char *argv[])
     QCoreApplication::setOrganizationName(QString());
     QCoreApplication::setApplicationName(QStringLiteral("murvane"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Murvane"));
-    QGuiApplication::setDesktopFileName(QStringLiteral("murvane"));
+    // Also the Wayland app id, which phone shells match to the desktop file.
+    QGuiApplication::setDesktopFileName(AppIdentity::appId);
     QGuiApplication app(argc, argv);
 
+    // Every platform service is in place before the first view is made.
     FilePreferencesStore preferences(FilePreferencesStore::defaultDirectory());
     PreferencesStore::setStandard(&preferences);
+    FeedbackdHaptics haptics;
+    Haptics::setStandard(&haptics);
+    ReviewRequester::setStandard(RatingPrompt::instance());
 
     FontLoader::loadBundledFonts();
     QQuickStyle::setStyle(QStringLiteral("Basic"));
 
-    QQmlApplicationEngine engine;
-    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
-    QObject::connect(
-        &engine, &QQmlApplicationEngine::objectCreationFailed, &app, [] { QCoreApplication::exit(1); },
-        Qt::QueuedConnection);
-    engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Murvane/Main.qml")));
-    const int code = app.exec();
+    int code = 1;
+    {
+        MurvaneApp murvane;
+        if (murvane.showWindow())
+            code = app.exec();
+    }
+    ReviewRequester::setStandard(nullptr);
+    Haptics::setStandard(nullptr);
     PreferencesStore::setStandard(nullptr);
     return code;
 }

@@ -46,6 +46,8 @@ void Appearance::setSchemeKey(const QString &raw)
 {
     m_preferences->setString(PreferenceKeys::appColorScheme, raw);
     emit schemeChanged();
+    // Bindings that pick a colour pair read only the theme.
+    emit themeChanged();
 }
 
 bool Appearance::isDark() const

@@ -24,6 +24,9 @@ class Appearance : public QObject
     Q_PROPERTY(QString schemeKey READ schemeKey WRITE setSchemeKey NOTIFY schemeChanged)
     Q_PROPERTY(bool isDark READ isDark NOTIFY schemeChanged)
     // The definition to paint with (green when the stored key is unknown).
+    // It is signalled on a scheme change too, so a binding such as
+    // pick(Appearance.theme.accentDark, Appearance.theme.accentLight)
+    // follows both the theme and the scheme.
     Q_PROPERTY(ThemeDefinition theme READ theme NOTIFY themeChanged)
     // White in the dark scheme, black in the light one: icons and labels.
     Q_PROPERTY(QColor foreground READ foreground NOTIFY schemeChanged)
@@ -43,12 +46,14 @@ public:
     QString schemeKey() const;
     void setSchemeKey(const QString &raw);
     bool isDark() const;
-    void setDark(bool dark); // writes "dark" or "light"
+    Q_INVOKABLE void setDark(bool dark); // writes "dark" or "light"
     ThemeDefinition theme() const;
     QColor foreground() const;
     QVariantList themeMenu() const;
 
     // The dark or light member of a colour pair under the current scheme.
+    // A QML binding learns of changes only through what it reads itself:
+    // pass fields of Appearance.theme (as above), not saved copies.
     Q_INVOKABLE QColor pick(const QColor &dark, const QColor &light) const;
 
 signals:

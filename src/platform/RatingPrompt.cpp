@@ -1,0 +1,63 @@
+#include "RatingPrompt.h"
+
+#include "UrlOpener.h"
+#include "WriteReviewLink.h"
+
+#include <QGuiApplication>
+#include <QJSEngine>
+
+RatingPrompt::RatingPrompt(UrlOpener &opener, ForegroundCheck isForeground, QObject *parent)
+    : QObject(parent)
+    , m_opener(&opener)
+    , m_isForeground(std::move(isForeground))
+{
+    if (!m_isForeground) {
+        m_isForeground = [] {
+            return qobject_cast<QGuiApplication *>(QCoreApplication::instance())
+                && QGuiApplication::applicationState() == Qt::ApplicationActive;
+        };
+    }
+}
+
+RatingPrompt *RatingPrompt::instance()
+{
+    static RatingPrompt *prompt = new RatingPrompt(UrlOpener::standard());
+    return prompt;
+}
+
+RatingPrompt *RatingPrompt::create(QQmlEngine *, QJSEngine *)
+{
+    RatingPrompt *prompt = instance();
+    QJSEngine::setObjectOwnership(prompt, QJSEngine::CppOwnership);
+    return prompt;
+}
+
+void RatingPrompt::requestReview()
+{
+    // Like a system review sheet, it may decline: never over another app,
+    // and never with a rate button that could lead nowhere.
+    if (!m_isForeground() || !m_opener->canOpen(WriteReviewLink::current()))
+        return;
+    setShown(true);
+}
+
+void RatingPrompt::rate()
+{
+    setShown(false);
+    const QUrl url = WriteReviewLink::current();
+    if (url.isValid())
+        m_opener->open(url);
+}
+
+void RatingPrompt::dismiss()
+{
+    setShown(false);
+}
+
+void RatingPrompt::setShown(bool shown)
+{
+    if (m_shown == shown)
+        return;
+    m_shown = shown;
+    emit shownChanged();
+}
