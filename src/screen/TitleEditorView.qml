@@ -36,6 +36,7 @@ TextField {
             text = Qt.binding(() => root.title);
     }
     onActiveFocusChanged: titleEditingChanged(activeFocus)
+    Keys.onEscapePressed: focus = false
     onAccepted: {
         titleCommit();
         focus = false;

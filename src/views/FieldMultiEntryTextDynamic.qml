@@ -68,6 +68,8 @@ Flickable {
                 cursorPosition = length;
         }
 
+        // Escape puts the keyboard away, as a tap outside does on a phone.
+        Keys.onEscapePressed: focus = false
         Keys.onPressed: event => {
             if ((event.key === Qt.Key_Return || event.key === Qt.Key_Enter)
                     && (event.modifiers & Qt.ControlModifier)) {

@@ -89,6 +89,18 @@ Item {
             compare(bar.entry.textArea.cursorPosition, 5);
         }
 
+        function test_escapePutsTheKeyboardAway() {
+            const bar = makeBar();
+            // The screen takes each reported focus change.
+            bar.fieldFocusEdited.connect(focused => bar.newItemFieldIsFocused = focused);
+            mouseClick(bar.entry);
+            tryVerify(() => bar.entry.entryActiveFocus);
+            keyClick(Qt.Key_Escape);
+            tryVerify(() => !bar.entry.entryActiveFocus);
+            compare(focusSpy.count, 2);
+            compare(focusSpy.signalArguments[1][0], false);
+        }
+
         function test_focusFollowsTheScreen() {
             const bar = makeBar();
             verify(!bar.entry.entryActiveFocus);
