@@ -1,0 +1,213 @@
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Shapes
+import Murvane
+
+// The main screen's layers: the theme's gradient behind the navigation bar,
+// the header row, the item area, the input bar and the toolbar, with the
+// alerts and sheets above them. ContentView builds it afresh when the theme
+// changes.
+Item {
+    id: stack
+
+    required property ScreenState screen
+
+    readonly property NavigationBarView navigationBar: navigationBar
+    readonly property ListHeaderView header: header
+    readonly property ItemListView itemList: itemList
+    readonly property Item emptyArea: emptyArea
+    readonly property NewItemInputView inputBar: inputBar
+    readonly property BottomToolbarView toolbar: toolbar
+    readonly property DeleteListAlert deleteAlert: deleteAlert
+
+    Connections {
+        target: stack.screen
+
+        function onScrollToItem(itemId) {
+            itemList.revealItem(itemId);
+        }
+        function onScrollHeaderToSelected(durationMs) {
+            header.scrollToSelected(durationMs);
+        }
+        function onShowDeletionConfirmationChanged() {
+            if (stack.screen.showDeletionConfirmation)
+                deleteAlert.open();
+            else
+                deleteAlert.close();
+        }
+    }
+
+    // The theme's gradient, from the top-leading to the
+    // bottom-trailing corner.
+    Shape {
+        anchors.fill: parent
+
+        ShapePath {
+            strokeColor: "transparent"
+            strokeWidth: 0
+            fillGradient: LinearGradient {
+                x1: 0
+                y1: 0
+                x2: stack.width
+                y2: stack.height
+                GradientStop {
+                    position: 0
+                    color: Appearance.isDark ? Appearance.theme.darkStart : Appearance.theme.lightStart
+                }
+                GradientStop {
+                    position: 1
+                    color: Appearance.isDark ? Appearance.theme.darkEnd : Appearance.theme.lightEnd
+                }
+            }
+            startX: 0
+            startY: 0
+            PathLine {
+                x: stack.width
+                y: 0
+            }
+            PathLine {
+                x: stack.width
+                y: stack.height
+            }
+            PathLine {
+                x: 0
+                y: stack.height
+            }
+            PathLine {
+                x: 0
+                y: 0
+            }
+        }
+    }
+
+    ColumnLayout {
+        anchors.fill: parent
+        spacing: 0
+
+        NavigationBarView {
+            id: navigationBar
+
+            Layout.fillWidth: true
+            screen: stack.screen
+        }
+
+        ListHeaderView {
+            id: header
+
+            objectName: "listHeader"
+            Layout.fillWidth: true
+            Layout.bottomMargin: 12
+            listNames: stack.screen.store.listNames
+            // The tools of Qt 6.4 do not know 64-bit integer properties.
+            selectedIndex: stack.screen.selectedListIndex // qmllint disable type
+            onChipTapped: index => stack.screen.selectList(index)
+        }
+
+        Item {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+
+            ItemListView {
+                id: itemList
+
+                objectName: "itemList"
+                anchors.fill: parent
+                screen: stack.screen
+                opacity: stack.screen.isSelectedListEmpty ? 0 : 1
+                visible: opacity > 0
+
+                Behavior on opacity {
+                    NumberAnimation {
+                        duration: 350
+                        easing.type: Easing.InOutQuad
+                    }
+                }
+            }
+
+            Item {
+                id: emptyArea
+
+                objectName: "emptyArea"
+                anchors.fill: parent
+                opacity: stack.screen.isSelectedListEmpty ? 1 : 0
+                visible: opacity > 0
+
+                Behavior on opacity {
+                    NumberAnimation {
+                        duration: 350
+                        easing.type: Easing.InOutQuad
+                    }
+                }
+
+                // Holds the place of the globe until it arrives.
+                Rectangle {
+                    objectName: "globePlaceholder"
+                    anchors.centerIn: parent
+                    width: Math.min(parent.width, parent.height) * 0.6
+                    height: width
+                    radius: width / 2
+                    color: "transparent"
+                    border.width: 2
+                    border.color: Appearance.theme.ballButton
+                    opacity: 0.5
+                }
+
+                // While the entry has focus, a tap on the empty area
+                // puts the keyboard away.
+                MouseArea {
+                    objectName: "emptyAreaTapLayer"
+                    anchors.fill: parent
+                    enabled: stack.screen.newItemFieldIsFocused
+                    onClicked: stack.screen.newItemFieldIsFocused = false
+                }
+            }
+        }
+
+        NewItemInputView {
+            id: inputBar
+
+            objectName: "inputBar"
+            Layout.fillWidth: true
+            visible: !stack.screen.titleEdited
+            newItem: stack.screen.newItem
+            newItemFieldIsFocused: stack.screen.newItemFieldIsFocused
+            editingItemId: stack.screen.editingItemId
+            showBullet: stack.screen.showBullet
+            bulletOffset: stack.screen.bulletOffset
+            onNewItemEdited: text => stack.screen.newItem = text
+            onFieldFocusEdited: focused => stack.screen.newItemFieldIsFocused = focused
+            onAddOrUpdateAction: stack.screen.addOrUpdateAction()
+            onUndoAction: stack.screen.undoAction()
+        }
+
+        BottomToolbarView {
+            id: toolbar
+
+            objectName: "toolbar"
+            Layout.fillWidth: true
+            Layout.preferredHeight: 44
+            rotateMoon: stack.screen.rotateMoon
+            onToggleColorScheme: stack.screen.toggleColorScheme()
+            onSortToggle: stack.screen.onSortToggle()
+            onSortByText: stack.screen.onSortByText()
+            onRateApp: stack.screen.openWriteReviewPage()
+            onShowTutorial: stack.screen.onShowTutorial()
+            onResetDots: stack.screen.resetDots()
+            onChooseTheme: rawValue => stack.screen.chooseTheme(rawValue)
+            onShare: stack.screen.share()
+        }
+    }
+
+    ShareSheetView {
+        objectName: "shareSheetView"
+        sheet: stack.screen.shareSheet
+    }
+
+    DeleteListAlert {
+        id: deleteAlert
+
+        objectName: "deleteAlert"
+        onConfirmed: stack.screen.confirmDeleteList()
+        onClosed: stack.screen.showDeletionConfirmation = false
+    }
+}

@@ -1,0 +1,238 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Controls.Basic
+import Murvane
+
+// The rows of the selected list, pinned first, on translucent bands with
+// hairlines. Rows are dragged to a new place after a long press; the drop
+// goes to the screen as a move from one displayed row to a gap between rows.
+ListView {
+    id: list
+
+    required property ScreenState screen
+
+    // The row being dragged and the gap it would drop into, or -1.
+    property int dragFrom: -1
+    property int dragGap: -1
+    property real dragHeight: 0
+    property real dragStartY: 0
+    property real dragY: 0
+
+    readonly property bool dark: Appearance.isDark
+    readonly property color rowFill: dark ? Qt.rgba(0, 0, 0, 0.4 * 0.5) : Qt.rgba(0.95, 0.95, 0.95, 0.4 * 0.5)
+    readonly property color divider: Appearance.pick(Appearance.theme.outlineDark, Appearance.theme.outlineLight)
+
+    // Brings a row to the bottom of the visible area, without animation.
+    function revealItem(itemId) {
+        const row = screen.displayedItems.rowOf(itemId);
+        if (row >= 0)
+            positionViewAtIndex(row, ListView.End);
+    }
+
+    function beginDrag(index, rowHeight, pointerY) {
+        dragFrom = index;
+        dragGap = index;
+        dragHeight = rowHeight;
+        dragStartY = pointerY;
+        dragY = pointerY;
+        interactive = false;
+    }
+
+    function updateDrag(pointerY) {
+        if (dragFrom < 0)
+            return;
+        dragY = pointerY;
+        const from = itemAtIndex(dragFrom);
+        if (!from)
+            return;
+        // The gap follows the dragged row's middle across the others' middles.
+        const middle = from.y + from.height / 2 + (dragY - dragStartY);
+        const under = indexAt(width / 2, middle);
+        if (under < 0) {
+            dragGap = middle < 0 ? 0 : count;
+        } else {
+            const other = itemAtIndex(under);
+            dragGap = middle > other.y + other.height / 2 ? under + 1 : under;
+        }
+    }
+
+    function endDrag(drop) {
+        const from = dragFrom;
+        const gap = dragGap;
+        dragFrom = -1;
+        dragGap = -1;
+        interactive = true;
+        autoScroll.stop();
+        if (drop && from >= 0 && gap !== from && gap !== from + 1)
+            screen.moveDisplayedRow(from, gap);
+    }
+
+    clip: true
+    model: screen.displayedItems
+    boundsBehavior: Flickable.DragAndOvershootBounds
+    reuseItems: false
+    cacheBuffer: 200
+
+    ScrollBar.vertical: ScrollBar {}
+
+    // While the keyboard is up, a tap anywhere on the list puts it away
+    // (and reaches no row); drags still scroll.
+    MouseArea {
+        parent: list
+        anchors.fill: parent
+        z: 10
+        enabled: list.screen.keyboardResponder.isKeyboardShown
+        onClicked: list.screen.newItemFieldIsFocused = false
+    }
+
+    // Scrolls while a dragged row is held near the top or bottom edge.
+    Timer {
+        id: autoScroll
+
+        property real step: 0
+
+        interval: 16
+        repeat: true
+        onTriggered: {
+            const top = list.originY;
+            const bottom = list.originY + Math.max(0, list.contentHeight - list.height);
+            const next = Math.max(top, Math.min(bottom, list.contentY + step));
+            list.dragStartY -= next - list.contentY;
+            list.contentY = next;
+            list.updateDrag(list.dragY);
+        }
+    }
+
+    delegate: ItemRowView {
+        id: row
+
+        required property int index
+        required property string itemId
+        // The other roles go to properties the row already has.
+        required property var model
+
+        readonly property bool dragged: list.dragFrom === index
+        // How far the row steps aside to open the gap for a dragged row.
+        readonly property real makeRoom: {
+            if (list.dragFrom < 0 || dragged)
+                return 0;
+            if (index > list.dragFrom && index < list.dragGap)
+                return -list.dragHeight;
+            if (index < list.dragFrom && index >= list.dragGap)
+                return list.dragHeight;
+            return 0;
+        }
+
+        objectName: "itemRow_" + index
+        width: ListView.view.width
+        itemText: model.text
+        isDone: model.isDone
+        isPinned: model.isPinned
+        rotationAngle: model.rotationAngle
+        z: dragged ? 5 : 0
+        scale: dragged ? 1.03 : 1
+        swipe.enabled: list.dragFrom < 0
+
+        transform: Translate {
+            y: row.dragged ? list.dragY - list.dragStartY : row.makeRoom
+
+            Behavior on y {
+                enabled: !row.dragged
+                NumberAnimation {
+                    duration: 200
+                    easing.type: Easing.InOutQuad
+                }
+            }
+        }
+
+        background: Item {
+            Rectangle {
+                anchors.fill: parent
+                color: list.rowFill
+            }
+            // A lifted row is solid and casts a shadow, so the rows it
+            // passes over do not show through it.
+            Rectangle {
+                anchors.fill: parent
+                visible: row.dragged
+                color: Appearance.pick(Appearance.theme.listRowBackgroundDark, Appearance.theme.listRowBackgroundLight)
+
+                RoundedShadow {
+                    blur: 8
+                    offsetY: 3
+                    color: Qt.rgba(0, 0, 0, 0.25)
+                }
+            }
+            Rectangle {
+                anchors.top: parent.top
+                width: parent.width
+                height: 0.5
+                color: list.divider
+                opacity: 0.5
+            }
+            Rectangle {
+                anchors.bottom: parent.bottom
+                width: parent.width
+                height: 0.5
+                color: list.divider
+                opacity: 0.5
+            }
+        }
+
+        onTapDone: list.screen.onTapDone(itemId)
+        onToggleState: list.screen.toggleState(itemId)
+        onEditingAction: list.screen.editingAction(itemId)
+        onPinAction: list.screen.pinAction(itemId)
+        onDeleteAction: list.screen.deleteAction(itemId)
+
+        onPressAndHold: {
+            list.beginDrag(index, height, pointer.point.scenePosition.y);
+        }
+
+        // Follows the finger or mouse during a row drag without taking the
+        // press from the row or the list.
+        PointHandler {
+            id: pointer
+
+            onPointChanged: {
+                if (!row.dragged)
+                    return;
+                const y = point.scenePosition.y;
+                list.updateDrag(y);
+                const local = list.mapFromItem(null, 0, y).y;
+                autoScroll.step = local < 40 ? -8 : (local > list.height - 40 ? 8 : 0);
+                if (autoScroll.step !== 0)
+                    autoScroll.start();
+                else
+                    autoScroll.stop();
+            }
+            onActiveChanged: {
+                if (!active && row.dragged)
+                    list.endDrag(true);
+            }
+        }
+    }
+
+    add: Transition {
+        NumberAnimation {
+            property: "opacity"
+            from: 0
+            to: 1
+            duration: 250
+        }
+    }
+    remove: Transition {
+        NumberAnimation {
+            property: "opacity"
+            to: 0
+            duration: 200
+        }
+    }
+    displaced: Transition {
+        NumberAnimation {
+            property: "y"
+            duration: 250
+            easing.type: Easing.InOutQuad
+        }
+    }
+}

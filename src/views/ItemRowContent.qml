@@ -1,0 +1,95 @@
+import QtQuick
+import Murvane
+
+// What a row shows: the text in its rounded highlight at the leading edge,
+// the pin mark and the done-marker at the trailing edge. The marker's
+// 44-point square reaches 7 points past the row's trailing inset.
+Item {
+    id: root
+
+    property string itemText
+    property bool isDone
+    property bool isPinned
+    property real rotationAngle
+
+    readonly property Item marker: markerBox
+    readonly property Item textBox: textHighlight
+    readonly property color foreground: Appearance.foreground
+
+    implicitHeight: Math.max(markerBox.height, textHighlight.height)
+
+    Rectangle {
+        id: textHighlight
+
+        // The text takes what it needs, up to what the pin and the marker
+        // leave over (one default spacing before each).
+        readonly property real available: (root.isPinned ? pinMark.x : markerBox.x) - 8
+        readonly property color fill: Appearance.pick(Appearance.theme.textCompleteFillDark,
+                                                      Appearance.theme.textCompleteFillLight)
+
+        anchors.verticalCenter: parent.verticalCenter
+        width: Math.max(0, Math.min(label.implicitWidth, available))
+        height: label.implicitHeight
+        radius: 6
+        color: root.isDone ? Qt.rgba(fill.r, fill.g, fill.b, fill.a * 0.2) : "transparent"
+
+        Text {
+            id: label
+
+            width: parent.width
+            leftPadding: 8
+            rightPadding: 8
+            topPadding: 4
+            bottomPadding: 4
+            text: root.itemText
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            horizontalAlignment: Text.AlignLeft
+            color: root.foreground
+            font.pixelSize: 15
+            font.strikeout: root.isDone
+        }
+    }
+
+    SymbolIcon {
+        id: pinMark
+
+        anchors.right: markerBox.left
+        anchors.rightMargin: 8
+        anchors.verticalCenter: parent.verticalCenter
+        visible: root.isPinned
+        name: "pin.fill"
+        pointSize: 10
+        color: root.foreground
+    }
+
+    Item {
+        id: markerBox
+
+        anchors.right: parent.right
+        anchors.rightMargin: -7
+        anchors.verticalCenter: parent.verticalCenter
+        width: 44
+        height: 44
+
+        SymbolIcon {
+            objectName: "doneMarker"
+            anchors.centerIn: parent
+            name: root.isDone ? "largecircle.fill.circle" : "circle"
+            pointSize: 17
+            color: root.isDone ? Appearance.pick(Appearance.theme.completeFillDark, Appearance.theme.completeFillLight)
+                               : (Appearance.isDark ? Qt.rgba(0.5, 0.5, 0.5, 1) : "black")
+            rotation: root.rotationAngle
+
+            // A spring of mass 1, stiffness 170 and damping 15, in the
+            // animation's per-16 ms steps.
+            Behavior on rotation {
+                SpringAnimation {
+                    spring: 170 * 0.016
+                    damping: 15 * 0.016
+                    epsilon: 0.25
+                }
+            }
+        }
+    }
+}

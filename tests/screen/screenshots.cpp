@@ -1,0 +1,173 @@
+// Renders the main screen with sample lists in every theme and scheme, and
+// once at tablet size, into PNG files: `murvane_screenshots <directory>`.
+// With `--more` it adds the smallest phone, a landscape tablet, an empty
+// list and the open menu, for checking the layout by eye.
+
+#include "appearance/Appearance.h"
+#include "model/ItemsCodec.h"
+#include "model/ListItem.h"
+#include "platform/FontLoader.h"
+#include "platform/MemoryPreferencesStore.h"
+#include "platform/PreferencesStore.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QImage>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickStyle>
+#include <QQuickView>
+#include <QTextStream>
+#include <QTimer>
+#include <QtQml/qqmlextensionplugin.h>
+
+Q_IMPORT_QML_PLUGIN(MurvanePlugin)
+
+namespace {
+
+ListItem item(const QString &text, bool done = false, bool pinned = false)
+{
+    ListItem result = ListItem::create(text);
+    result.state = done ? ListItemState::done : ListItemState::toDo;
+    result.isPinned = pinned;
+    return result;
+}
+
+// Several lists; the selected one has done, pinned, emoji and wrapping items.
+void seed(PreferencesStore &store)
+{
+    const QStringList names = {QStringLiteral("Work"),       QStringLiteral("Groceries"), QStringLiteral("Home 🏡"),
+                               QStringLiteral("Travel"),     QStringLiteral("Books"),     QStringLiteral("Ideas 💡"),
+                               QStringLiteral("Weekend")};
+    QList<ItemList> lists(names.size());
+    lists[0] = {item(QStringLiteral("Send the report")), item(QStringLiteral("Team lunch"), true)};
+    lists[1] = {
+        item(QStringLiteral("Bread 🥖"), false, true),
+        item(QStringLiteral("Olive oil"), true, true),
+        item(QStringLiteral("Milk"), true),
+        item(QStringLiteral("Eggs")),
+        item(QStringLiteral("Coffee beans ☕")),
+        item(QStringLiteral("Apples 🍎 and pears 🍐"), true),
+        item(QStringLiteral("Ask at the deli whether they still have the smoked cheese from last week")),
+        item(QStringLiteral("Tomatoes")),
+        item(QStringLiteral("Rice")),
+    };
+    lists[2] = {item(QStringLiteral("Fix the tap")), item(QStringLiteral("Water the plants 🌱"))};
+    store.setStringList(PreferenceKeys::listNames, names);
+    store.setData(PreferenceKeys::items, ItemsCodec::encode(lists));
+    store.setInteger(PreferenceKeys::selectedListIndex, 1);
+}
+
+// Waits for the view to settle (layout, the header's first scroll, fonts)
+// and for a few frames to be presented.
+void settle(QQuickView &view)
+{
+    int frames = 0;
+    const auto connection = QObject::connect(&view, &QQuickWindow::frameSwapped, [&frames] { ++frames; });
+    QElapsedTimer timer;
+    timer.start();
+    while ((frames < 3 || timer.elapsed() < 700) && timer.elapsed() < 10000) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        view.update();
+    }
+    QObject::disconnect(connection);
+}
+
+// Opens the toolbar's menu and its themes submenu before the grab.
+void openMenus(QQuickItem *root)
+{
+    QQuickItem *layers = root->property("layers").value<QQuickItem *>();
+    QQuickItem *toolbar = layers ? layers->property("toolbar").value<QQuickItem *>() : nullptr;
+    QObject *menu = toolbar ? toolbar->property("menu").value<QObject *>() : nullptr;
+    if (!menu)
+        return;
+    QQuickItem *button = toolbar->property("menuButton").value<QQuickItem *>();
+    QMetaObject::invokeMethod(button, "clicked");
+}
+
+bool shoot(QQmlEngine &engine, const QSize &size, const QString &path, bool withMenu = false)
+{
+    QQuickView view(&engine, nullptr);
+    view.setResizeMode(QQuickView::SizeRootObjectToView);
+    view.setColor(Qt::black);
+    view.resize(size);
+    view.setSource(QUrl(QStringLiteral("qrc:/qt/qml/Murvane/ContentView.qml")));
+    if (view.status() != QQuickView::Ready)
+        return false;
+    view.show();
+    settle(view);
+    if (withMenu) {
+        openMenus(view.rootObject());
+        settle(view);
+    }
+    const QImage image = view.grabWindow();
+    view.hide();
+    view.setSource(QUrl());
+    return !image.isNull() && image.save(path);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QGuiApplication app(argc, argv);
+    QTextStream err(stderr);
+    const bool more = argc == 3 && qstrcmp(argv[2], "--more") == 0;
+    if (argc != 2 && !more) {
+        err << "usage: murvane_screenshots <output directory> [--more]\n";
+        return 2;
+    }
+    const QDir out(QString::fromLocal8Bit(argv[1]));
+    if (!QDir().mkpath(out.path())) {
+        err << "cannot create " << out.path() << "\n";
+        return 1;
+    }
+
+    MemoryPreferencesStore preferences;
+    PreferencesStore::setStandard(&preferences);
+    FontLoader::loadBundledFonts();
+    QQuickStyle::setStyle(QStringLiteral("Basic"));
+    seed(preferences);
+
+    QQmlEngine engine;
+    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    Appearance *appearance = Appearance::instance();
+
+    struct Shot
+    {
+        QString theme;
+        QString scheme;
+        QSize size;
+        QString prefix;
+        bool withMenu = false;
+        qint64 selected = 1;
+    };
+    QList<Shot> shots;
+    for (const char *theme : {"green", "pink", "blue", "gray", "purple", "classic"})
+        for (const char *scheme : {"light", "dark"})
+            shots.append({QString::fromLatin1(theme), QString::fromLatin1(scheme), QSize(390, 844), QString()});
+    shots.append({QStringLiteral("green"), QStringLiteral("light"), QSize(1024, 1366), QStringLiteral("tablet-")});
+    if (more) {
+        shots.append({QStringLiteral("blue"), QStringLiteral("light"), QSize(360, 640), QStringLiteral("small-")});
+        shots.append({QStringLiteral("purple"), QStringLiteral("dark"), QSize(1366, 1024), QStringLiteral("landscape-")});
+        shots.append({QStringLiteral("green"), QStringLiteral("dark"), QSize(390, 844), QStringLiteral("empty-"), false, 3});
+        shots.append({QStringLiteral("pink"), QStringLiteral("light"), QSize(390, 844), QStringLiteral("menu-"), true});
+    }
+
+    int failures = 0;
+    for (const Shot &shot : shots) {
+        appearance->setThemeKey(shot.theme);
+        appearance->setSchemeKey(shot.scheme);
+        preferences.setInteger(PreferenceKeys::selectedListIndex, shot.selected);
+        const QString path = out.filePath(shot.prefix + shot.theme + QLatin1Char('-') + shot.scheme + QStringLiteral(".png"));
+        if (shoot(engine, shot.size, path, shot.withMenu)) {
+            QTextStream(stdout) << path << "\n";
+        } else {
+            err << "failed: " << path << "\n";
+            ++failures;
+        }
+    }
+    PreferencesStore::setStandard(nullptr);
+    return failures == 0 ? 0 : 1;
+}
