@@ -3,9 +3,8 @@ import QtQuick3D
 import Murvane
 
 // Renders the still globe off screen in both schemes, one after the other,
-// and hands over where each picture can be loaded from with `captured`;
-// the pictures are served only while this item exists. It is never shown:
-// StaticGlobeView keeps the pictures and destroys this item afterwards.
+// and hands each picture over with `captured`. It is never shown:
+// StaticGlobeView keeps the pictures and releases this item afterwards.
 Item {
     id: snapshot
 
@@ -15,10 +14,7 @@ Item {
     property int pictureSide: 112
     property int picturesToGo: 0
     property bool grabbing: false
-    // The grabs serve their pictures only while referenced.
-    property var grabs: []
-
-    signal captured(bool dark, url picture)
+    signal captured(bool dark, var picture)
 
     function renderBoth(darkFirst: bool) {
         snapshot.dark = darkFirst
@@ -35,10 +31,9 @@ Item {
             return
         const dark = snapshot.dark
         snapshot.grabbing = snapshot.grabToImage(result => {
-            snapshot.grabs = snapshot.grabs.concat([result])
             snapshot.grabbing = false
             snapshot.picturesToGo -= 1
-            snapshot.captured(dark, result.url)
+            snapshot.captured(dark, result.image)
             if (snapshot.picturesToGo > 0) {
                 snapshot.dark = !dark
                 snapshot.grabNext()

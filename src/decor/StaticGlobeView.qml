@@ -3,16 +3,17 @@ import Murvane
 
 // The still dot globe, 28 x 28, the menu button's icon: white dots in the
 // dark scheme, black in the light one. Each scheme's picture is rendered once
-// by a hidden 3-D view, kept as an image, and the view is then destroyed, so
-// the toolbar carries no live 3-D rendering; a change of scheme swaps the
-// picture at once. It takes no input: taps fall through to the button.
+// per process by a hidden 3-D view and kept by StaticGlobeImages; the view is
+// then released, so the toolbar carries no live 3-D rendering, and a change
+// of scheme swaps the picture at once. It takes no input: taps fall through
+// to the button.
 Item {
     id: root
 
     property bool isDark: false
-    // Where each scheme's rendered picture can be loaded from, once taken.
-    property url darkSource
-    property url lightSource
+    // Where each scheme's picture is loaded from, once it exists.
+    readonly property url darkSource: StaticGlobeImages.darkSource
+    readonly property url lightSource: StaticGlobeImages.lightSource
     // True once the picture of the current scheme is on show.
     readonly property bool ready: (isDark ? darkPicture : lightPicture).status === Image.Ready
     // True while the hidden 3-D view exists.
@@ -21,6 +22,7 @@ Item {
     // The pictures are drawn this many times larger and scaled down smoothly,
     // which rounds dots only a pixel or two across.
     readonly property int oversampling: 4
+    readonly property bool bothRendered: StaticGlobeImages.darkReady && StaticGlobeImages.lightReady
 
     implicitWidth: side
     implicitHeight: side
@@ -49,15 +51,15 @@ Item {
         mipmap: true
     }
 
-    // Renders the scheme on screen first, then the other one, and goes away
-    // once both pictures are loaded (they are served by the grabs, which go
-    // with it).
+    // Renders the scheme on screen first, then the other one. Only made when
+    // this process has no pictures yet.
     Loader {
         id: renderer
 
         readonly property StaticGlobeSnapshot snapshot: item as StaticGlobeSnapshot
 
-        active: darkPicture.status !== Image.Ready || lightPicture.status !== Image.Ready
+        Component.onCompleted: renderer.active = !root.bothRendered
+        active: false
         sourceComponent: StaticGlobeSnapshot {}
         onLoaded: {
             renderer.snapshot.pictureSide = root.side * root.oversampling
@@ -65,14 +67,21 @@ Item {
         }
     }
 
+    // Releases the 3-D view on a later turn of the event loop, never from
+    // inside its own grab callback.
+    onBothRenderedChanged: if (root.bothRendered) release.start()
+
+    Timer {
+        id: release
+        interval: 0
+        onTriggered: renderer.active = false
+    }
+
     Connections {
         target: renderer.snapshot
 
-        function onCaptured(dark: bool, picture: url) {
-            if (dark)
-                root.darkSource = picture
-            else
-                root.lightSource = picture
+        function onCaptured(dark: bool, picture: var) {
+            StaticGlobeImages.store(dark, picture)
         }
     }
 }

@@ -139,17 +139,12 @@ Item {
                     }
                 }
 
-                // Holds the place of the globe until it arrives.
-                Rectangle {
-                    objectName: "globePlaceholder"
-                    anchors.centerIn: parent
-                    width: Math.min(parent.width, parent.height) * 0.6
-                    height: width
-                    radius: width / 2
-                    color: "transparent"
-                    border.width: 2
-                    border.color: Appearance.theme.ballButton
-                    opacity: 0.5
+                // The turning globe of dots fills the empty list; it stops
+                // drawing whenever the area is faded out.
+                GlobeView {
+                    objectName: "globe"
+                    anchors.fill: parent
+                    dotColor: Appearance.theme.ballButton
                 }
 
                 // While the entry has focus, a tap on the empty area

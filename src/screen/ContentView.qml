@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Controls.Basic
 import Murvane
 
 // The app's one screen. ScreenState decides everything; this file lays the
@@ -51,6 +52,44 @@ Item {
 
         interval: 0
         onTriggered: root.buildLayers()
+    }
+
+    // The tutorial, as a sheet over the whole screen. It lives outside the
+    // layers so a theme change does not close it; it ignores the theme.
+    Popup {
+        id: tutorialSheet
+
+        objectName: "tutorialSheet"
+        width: root.width
+        height: root.height
+        padding: 0
+        modal: true
+        closePolicy: Popup.NoAutoClose
+        visible: screen.showTutorial
+        onClosed: screen.showTutorial = false
+
+        enter: Transition {
+            NumberAnimation {
+                property: "y"
+                from: root.height
+                to: 0
+                duration: 300
+                easing.type: Easing.OutCubic
+            }
+        }
+        exit: Transition {
+            NumberAnimation {
+                property: "y"
+                from: 0
+                to: root.height
+                duration: 250
+                easing.type: Easing.InCubic
+            }
+        }
+
+        contentItem: TutorialView {
+            onDone: tutorialSheet.close()
+        }
     }
 
     // Ctrl+Z outside the text fields (they keep their own undo).

@@ -90,13 +90,10 @@ Item {
                 menu.open();
             }
 
-            // Stands in for the small globe until it arrives.
             contentItem: Item {
-                SymbolIcon {
+                StaticGlobeView {
                     anchors.centerIn: parent
-                    name: "circle"
-                    pointSize: 26
-                    color: Appearance.foreground
+                    isDark: Appearance.isDark
                 }
             }
             background: Item {}
