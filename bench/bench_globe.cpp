@@ -61,6 +61,9 @@ Rectangle {
 
 int main(int argc, char *argv[])
 {
+    // As the app: render on the main thread.
+    if (qEnvironmentVariableIsEmpty("QSG_RENDER_LOOP"))
+        qputenv("QSG_RENDER_LOOP", "basic");
     QGuiApplication app(argc, argv);
     QCommandLineParser parser;
     parser.addHelpOption();

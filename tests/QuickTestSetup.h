@@ -18,6 +18,9 @@ class QuickTestSetup : public QObject
 public slots:
     void applicationAvailable()
     {
+        // The app renders on its main thread; so do its tests.
+        if (qEnvironmentVariableIsEmpty("QSG_RENDER_LOOP"))
+            qputenv("QSG_RENDER_LOOP", "basic");
         PreferencesStore::setStandard(&m_preferences);
         FontLoader::loadBundledFonts();
         QQuickStyle::setStyle(QStringLiteral("Basic"));

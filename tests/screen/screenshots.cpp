@@ -111,6 +111,9 @@ bool shoot(QQmlEngine &engine, const QSize &size, const QString &path, bool with
 
 int main(int argc, char *argv[])
 {
+    // As the app: render on the main thread.
+    if (qEnvironmentVariableIsEmpty("QSG_RENDER_LOOP"))
+        qputenv("QSG_RENDER_LOOP", "basic");
     QGuiApplication app(argc, argv);
     QTextStream err(stderr);
     const bool more = argc == 3 && qstrcmp(argv[2], "--more") == 0;
