@@ -111,7 +111,12 @@ int main(int argc, char **argv)
     }
 
     const int reps = 15;
-    std::vector<double> switchMs, toggleMs, addMs;
+    std::vector<double> switchMs, toggleMs, addMs, idleMs;
+    // What a frame costs when nothing changes: the floor under every figure.
+    for (int i = 0; i < reps; ++i) {
+        idleMs.push_back(timeToFrame(&view, [&] { view.update(); }));
+        settle(&view, 50);
+    }
     for (int i = 0; i < reps; ++i) {
         screen->selectList(0);
         settle(&view);
@@ -149,11 +154,17 @@ int main(int argc, char **argv)
         frameMs.push_back(timeToFrame(&view, [&] { list->setProperty("contentY", y + step); }));
     }
 
+    if (qEnvironmentVariableIsSet("MURVANE_BENCH_DETAIL")) {
+        for (size_t i = 0; i < frameMs.size(); ++i)
+            if (frameMs[i] > 50)
+                std::printf("slow frame %zu: %.1f ms\n", i, frameMs[i]);
+    }
     std::printf("%-22s %8s %8s %8s %8s\n", "measure", "samples", "median", "p95", "worst");
     const auto row = [](const char *name, const std::vector<double> &v) {
         std::printf("%-22s %8zu %8.2f %8.2f %8.2f\n", name, v.size(), percentile(v, 0.5), percentile(v, 0.95),
                     percentile(v, 1.0));
     };
+    row("idle-frame", idleMs);
     row("switch-to-10k", switchMs);
     row("toggle-in-10k", toggleMs);
     row("add-to-10k", addMs);

@@ -70,7 +70,8 @@ ListView {
     clip: true
     model: screen.displayedItems
     boundsBehavior: Flickable.DragAndOvershootBounds
-    reuseItems: false
+    // Rows are recycled while scrolling: making a row costs more than a frame.
+    reuseItems: true
     cacheBuffer: 200
 
     ScrollBar.vertical: ScrollBar {}
@@ -124,6 +125,12 @@ ListView {
         }
 
         objectName: "itemRow_" + index
+        // A recycled row starts closed and takes its new angle without a turn.
+        ListView.onPooled: {
+            row.swipe.close();
+            row.animatesTurns = false;
+        }
+        ListView.onReused: row.animatesTurns = true
         width: ListView.view.width
         itemText: model.text
         isDone: model.isDone

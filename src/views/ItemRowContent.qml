@@ -11,6 +11,9 @@ Item {
     property bool isDone
     property bool isPinned
     property real rotationAngle
+    // Off while a recycled row takes on another item, so its marker does
+    // not spin from the old item's angle to the new one's.
+    property bool animatesTurns: true
 
     readonly property Item marker: markerBox
     readonly property Item textBox: textHighlight
@@ -84,6 +87,8 @@ Item {
             // A spring of mass 1, stiffness 170 and damping 15, in the
             // animation's per-16 ms steps.
             Behavior on rotation {
+                enabled: root.animatesTurns
+
                 SpringAnimation {
                     spring: 170 * 0.016
                     damping: 15 * 0.016

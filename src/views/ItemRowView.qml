@@ -15,6 +15,7 @@ SwipeDelegate {
     property bool isPinned
     // Accumulated turn of the done-marker, in degrees.
     property real rotationAngle
+    property bool animatesTurns: true
 
     // A tap on the marker emits tapDone, then toggleState.
     signal tapDone
@@ -46,6 +47,7 @@ SwipeDelegate {
         isDone: row.isDone
         isPinned: row.isPinned
         rotationAngle: row.rotationAngle
+        animatesTurns: row.animatesTurns
     }
 
     // Taps are told apart by where the press was, so the row itself keeps
