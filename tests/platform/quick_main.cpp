@@ -1,8 +1,63 @@
 #include "QuickTestSetup.h"
+#include "RecordingUrlOpener.h"
+#include "platform/RatingPrompt.h"
 
+#include <QQmlContext>
 #include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
 Q_IMPORT_QML_PLUGIN(MurvanePlugin)
 
-QUICK_TEST_MAIN_WITH_SETUP(platform_quick, QuickTestSetup)
+// Lets the QML tests raise the prompt the way the app does, and see which
+// links it opened, with a software centre that is always "installed".
+class PromptDriver : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QStringList opened READ opened)
+
+public:
+    explicit PromptDriver(RecordingUrlOpener &opener)
+        : m_opener(opener)
+    {
+    }
+    Q_INVOKABLE void requestReview() { RatingPrompt::instance()->requestReview(); }
+    QStringList opened() const
+    {
+        QStringList urls;
+        for (const QUrl &url : m_opener.opened)
+            urls << url.toString();
+        return urls;
+    }
+
+private:
+    RecordingUrlOpener &m_opener;
+};
+
+class PromptTestSetup : public QuickTestSetup
+{
+    Q_OBJECT
+
+public slots:
+    void applicationAvailable()
+    {
+        QuickTestSetup::applicationAvailable();
+        UrlOpener::setStandard(&m_opener);
+    }
+    void qmlEngineAvailable(QQmlEngine *engine)
+    {
+        QuickTestSetup::qmlEngineAvailable(engine);
+        engine->rootContext()->setContextProperty(QStringLiteral("promptDriver"), &m_driver);
+    }
+    void cleanupTestCase()
+    {
+        UrlOpener::setStandard(nullptr);
+        QuickTestSetup::cleanupTestCase();
+    }
+
+private:
+    RecordingUrlOpener m_opener;
+    PromptDriver m_driver{m_opener};
+};
+
+QUICK_TEST_MAIN_WITH_SETUP(rating_prompt, PromptTestSetup)
+#include "prompt_main.moc"
