@@ -8,32 +8,27 @@
 
 Q_IMPORT_QML_PLUGIN(MurvanePlugin)
 
-// Lets the QML tests raise the prompt the way the app does, and see which
-// links it opened, with a software centre that is always "installed".
+// Lets the QML tests raise the rating prompt the way the app does and see
+// which links it opened, with a software centre that is always "installed".
 class PromptDriver : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(QStringList opened READ opened)
 
 public:
-    explicit PromptDriver(RecordingUrlOpener &opener)
-        : m_opener(opener)
-    {
-    }
+    RecordingUrlOpener opener;
+
     Q_INVOKABLE void requestReview() { RatingPrompt::instance()->requestReview(); }
     QStringList opened() const
     {
         QStringList urls;
-        for (const QUrl &url : m_opener.opened)
+        for (const QUrl &url : opener.opened)
             urls << url.toString();
         return urls;
     }
-
-private:
-    RecordingUrlOpener &m_opener;
 };
 
-class PromptTestSetup : public QuickTestSetup
+class PlatformTestSetup : public QuickTestSetup
 {
     Q_OBJECT
 
@@ -41,7 +36,7 @@ public slots:
     void applicationAvailable()
     {
         QuickTestSetup::applicationAvailable();
-        UrlOpener::setStandard(&m_opener);
+        UrlOpener::setStandard(&m_driver.opener);
     }
     void qmlEngineAvailable(QQmlEngine *engine)
     {
@@ -55,9 +50,8 @@ public slots:
     }
 
 private:
-    RecordingUrlOpener m_opener;
-    PromptDriver m_driver{m_opener};
+    PromptDriver m_driver;
 };
 
-QUICK_TEST_MAIN_WITH_SETUP(rating_prompt, PromptTestSetup)
-#include "prompt_main.moc"
+QUICK_TEST_MAIN_WITH_SETUP(platform_quick, PlatformTestSetup)
+#include "quick_main.moc"
