@@ -8,40 +8,34 @@
 
 Q_IMPORT_QML_PLUGIN(MurvanePlugin)
 
-// Lets the QML tests raise the rating prompt the way the app does and see
-// which links it opened, with a software centre that is always "installed".
-class PromptDriver : public QObject
+// Also lets the QML tests raise the rating prompt the way the app does (as
+// "promptDriver") and see which links it opened, with a software centre
+// that is always "installed".
+class PlatformTestSetup : public QuickTestSetup
 {
     Q_OBJECT
     Q_PROPERTY(QStringList opened READ opened)
 
 public:
-    RecordingUrlOpener opener;
-
     Q_INVOKABLE void requestReview() { RatingPrompt::instance()->requestReview(); }
     QStringList opened() const
     {
         QStringList urls;
-        for (const QUrl &url : opener.opened)
+        for (const QUrl &url : m_opener.opened)
             urls << url.toString();
         return urls;
     }
-};
-
-class PlatformTestSetup : public QuickTestSetup
-{
-    Q_OBJECT
 
 public slots:
     void applicationAvailable()
     {
         QuickTestSetup::applicationAvailable();
-        UrlOpener::setStandard(&m_driver.opener);
+        UrlOpener::setStandard(&m_opener);
     }
     void qmlEngineAvailable(QQmlEngine *engine)
     {
         QuickTestSetup::qmlEngineAvailable(engine);
-        engine->rootContext()->setContextProperty(QStringLiteral("promptDriver"), &m_driver);
+        engine->rootContext()->setContextProperty(QStringLiteral("promptDriver"), this);
     }
     void cleanupTestCase()
     {
@@ -50,7 +44,7 @@ public slots:
     }
 
 private:
-    PromptDriver m_driver;
+    RecordingUrlOpener m_opener;
 };
 
 QUICK_TEST_MAIN_WITH_SETUP(platform_quick, PlatformTestSetup)
