@@ -8,9 +8,18 @@ Item {
     height: 400
 
     Component {
-        id: iconComponent
-        SymbolIcon {
-            color: "black"
+        id: frameComponent
+        Rectangle {
+            property alias icon: icon
+            color: "white"
+            width: 80
+            height: 80
+            SymbolIcon {
+                id: icon
+                anchors.centerIn: parent
+                color: "black"
+                pointSize: 40
+            }
         }
     }
 
@@ -39,16 +48,6 @@ Item {
             return box
         }
 
-        // The icon sits on white inside a frame larger than the font's em box,
-        // so nothing it draws is cut off by the grab.
-        function frameFor(name, pointSize) {
-            const frame = createTemporaryQmlObject(
-                "import QtQuick; Rectangle { color: 'white'; width: 80; height: 80 }", scene)
-            const icon = createTemporaryObject(iconComponent, frame, { name: name, pointSize: pointSize })
-            icon.anchors.centerIn = frame
-            return { frame: frame, icon: icon }
-        }
-
         function test_everyNameTheViewsUseIsKnown() {
             // The tutorial's section icons, then rows, input bar, header row,
             // toolbar and its menu, rating prompt.
@@ -64,36 +63,32 @@ Item {
                 verify(!Symbols.contains(name), name)
         }
 
-        // One frame, renamed through the table: every symbol draws inside
-        // the em box (48 px, centred at 40) and roughly centred on it.
+        // One icon, renamed through the table: every symbol draws inside the
+        // em box (48 px, centred at 40) and roughly centred on it. The frame
+        // is larger than the em box, so the grab cuts nothing off.
         function test_everySymbolDrawsCentred() {
-            const f = frameFor("circle", 40)
-            compare(f.icon.implicitWidth, 40)
-            compare(f.icon.implicitHeight, 40)
+            const frame = createTemporaryObject(frameComponent, scene)
+            compare(frame.icon.implicitWidth, 40)
+            compare(frame.icon.implicitHeight, 40)
             for (const name of Symbols.names) {
-                f.icon.name = name
-                waitForRendering(f.frame)
-                const box = inkBox(f.frame)
+                frame.icon.name = name
+                waitForRendering(frame)
+                const box = inkBox(frame)
                 verify(box !== null && box.count > 40, "nothing drawn for " + name)
                 verify(box.left >= 15 && box.right <= 65 && box.top >= 15 && box.bottom <= 65,
                        name + " " + JSON.stringify(box))
                 verify(Math.abs((box.left + box.right) / 2 - 40) <= 6
                        && Math.abs((box.top + box.bottom) / 2 - 40) <= 6, name + " " + JSON.stringify(box))
             }
-            f.icon.name = "no.such.symbol"
-            waitForRendering(f.frame)
-            compare(inkBox(f.frame), null)
-        }
-
-        function test_circleFillsThePointSize() {
-            const f = frameFor("circle", 40)
-            waitForRendering(f.frame)
-            const box = inkBox(f.frame)
-            // The ring spans 20/24 of the em, which is the point size.
-            fuzzyCompare(box.right - box.left + 1, 40, 2)
-            fuzzyCompare(box.bottom - box.top + 1, 40, 2)
-            fuzzyCompare((box.left + box.right) / 2, 39.5, 1)
-            fuzzyCompare((box.top + box.bottom) / 2, 39.5, 1)
+            // The circle's ring spans 20/24 of the em, which is the point size.
+            frame.icon.name = "circle"
+            waitForRendering(frame)
+            const ring = inkBox(frame)
+            fuzzyCompare(ring.right - ring.left + 1, 40, 2)
+            fuzzyCompare(ring.bottom - ring.top + 1, 40, 2)
+            frame.icon.name = "no.such.symbol"
+            waitForRendering(frame)
+            compare(inkBox(frame), null)
         }
     }
 }
