@@ -1,33 +1,74 @@
-#include "FakeReviewRequester.h"
 #include "RecordingUrlOpener.h"
+#include "app/MurvaneApp.h"
 #include "app/RatingManager.h"
 #include "platform/MemoryPreferencesStore.h"
+#include "platform/ReviewRequester.h"
+#include "platform/WriteReviewOpener.h"
 
+#include <QGuiApplication>
 #include <QTest>
-#include <memory>
 
 namespace {
 
 const QDateTime t0 = QDateTime(QDate(2024, 5, 1), QTime(9, 30), Qt::UTC);
 constexpr qint64 day = 86'400;
+const QVariant absent;
+
+QDateTime in(qint64 seconds)
+{
+    return t0.addSecs(seconds);
+}
 
 QString at(qint64 seconds)
 {
-    return RatingManager::formatDate(t0.addSecs(seconds));
+    return RatingManager::formatDate(in(seconds));
 }
 
-// A store, a settable clock and the two doubles, wired to one manager.
+// Counts review requests, noting what the store held as the last prompt
+// date at each one.
+class FakeReviewRequester : public ReviewRequester
+{
+public:
+    explicit FakeReviewRequester(const PreferencesStore &store)
+        : m_store(store)
+    {
+    }
+    void requestReview() override
+    {
+        lastPromptAtRequest << m_store.string(PreferenceKeys::lastPromptDateString).value_or(QString());
+    }
+    int requests() const { return int(lastPromptAtRequest.size()); }
+
+    QStringList lastPromptAtRequest;
+
+private:
+    const PreferencesStore &m_store;
+};
+
+// A store, a settable clock and the doubles, wired to the app's manager.
 struct Rig
 {
     MemoryPreferencesStore store;
     QDateTime now = t0;
     FakeReviewRequester requester{store};
     RecordingUrlOpener opener;
-    std::unique_ptr<RatingManager> manager =
-        std::make_unique<RatingManager>(store, [this] { return now; }, requester, opener);
-};
+    MurvaneApp app{std::make_unique<RatingManager>(store, [this] { return now; }, requester, opener)};
 
-const QVariant absent;
+    RatingManager &manager() { return app.ratingManager(); }
+    // Brings the app to the front after it was away.
+    void comeBack()
+    {
+        app.applicationStateChanged(Qt::ApplicationInactive);
+        app.applicationStateChanged(Qt::ApplicationActive);
+    }
+    // The window appearing: whatever state the platform started in, the
+    // first activation is the initial one.
+    void appear()
+    {
+        if (QGuiApplication::applicationState() != Qt::ApplicationActive)
+            app.applicationStateChanged(Qt::ApplicationActive);
+    }
+};
 
 } // namespace
 
@@ -42,57 +83,32 @@ private slots:
         QTest::addColumn<QVariant>("lastPrompt"); // likewise
         QTest::addColumn<QDateTime>("now");
         QTest::addColumn<bool>("answer");
-        QTest::addColumn<QString>("installAfter"); // what the store holds afterwards
-        QTest::addColumn<int>("writes");
+        QTest::addColumn<bool>("recordsInstall");
 
         const QVariant installed = at(0);
-        QTest::newRow("first check records the install date")
-            << absent << absent << t0 << false << at(0) << 1;
-        QTest::newRow("empty install date counts as never")
-            << QVariant(QString()) << QVariant(QString()) << t0.addMSecs(700) << false << at(0) << 1;
-        QTest::newRow("install date of the wrong type counts as never")
-            << QVariant(qint64(5)) << absent << t0 << false << at(0) << 1;
-        QTest::newRow("13 days") << installed << absent << t0.addSecs(13 * day) << false << at(0) << 0;
-        QTest::newRow("14 days to the second")
-            << installed << QVariant(QString()) << t0.addSecs(14 * day) << false << at(0) << 0;
-        QTest::newRow("14 days and a second")
-            << installed << QVariant(QString()) << t0.addSecs(14 * day + 1) << true << at(0) << 0;
+        const QVariant empty = QString();
+        const QVariant abc = QStringLiteral("abc");
+        const QVariant offset = QStringLiteral("2024-05-01T11:30:00+02:00");
+        QTest::newRow("first check records the install date") << absent << absent << t0 << false << true;
+        QTest::newRow("empty counts as never") << empty << empty << t0.addMSecs(700) << false << true;
+        QTest::newRow("wrong type counts as never") << QVariant(qint64(5)) << absent << t0 << false << true;
+        QTest::newRow("14 days to the second") << installed << empty << in(14 * day) << false << false;
+        QTest::newRow("14 days and a second") << installed << empty << in(14 * day + 1) << true << false;
         QTest::newRow("14 days and half a second")
-            << installed << absent << t0.addSecs(14 * day).addMSecs(500) << true << at(0) << 0;
+            << installed << absent << in(14 * day).addMSecs(500) << true << false;
         QTest::newRow("120 days to the second since the prompt")
-            << installed << QVariant(at(30 * day)) << t0.addSecs(150 * day) << false << at(0) << 0;
+            << installed << QVariant(at(30 * day)) << in(150 * day) << false << false;
         QTest::newRow("120 days and a second since the prompt")
-            << installed << QVariant(at(30 * day)) << t0.addSecs(150 * day + 1) << true << at(0) << 0;
-        QTest::newRow("a year after install, prompted 119 days ago")
-            << installed << QVariant(at(246 * day)) << t0.addSecs(365 * day) << false << at(0) << 0;
+            << installed << QVariant(at(30 * day)) << in(150 * day + 1) << true << false;
         QTest::newRow("install date irrelevant once prompted")
-            << QVariant(at(200 * day)) << QVariant(at(0)) << t0.addSecs(201 * day) << true << at(200 * day) << 0;
-        QTest::newRow("install abc") << QVariant(QStringLiteral("abc")) << absent << t0.addSecs(400 * day)
-                                     << false << QStringLiteral("abc") << 0;
-        QTest::newRow("install abc with an old prompt")
-            << QVariant(QStringLiteral("abc")) << QVariant(at(0)) << t0.addSecs(400 * day) << false
-            << QStringLiteral("abc") << 0;
-        QTest::newRow("last prompt abc")
-            << installed << QVariant(QStringLiteral("abc")) << t0.addSecs(400 * day) << false << at(0) << 0;
-        QTest::newRow("install date without Z") << QVariant(QStringLiteral("2024-05-01T09:30:00")) << absent
-                                                << t0.addSecs(100 * day) << false
-                                                << QStringLiteral("2024-05-01T09:30:00") << 0;
-        QTest::newRow("last prompt without Z")
-            << installed << QVariant(QStringLiteral("2024-05-01T09:30:00")) << t0.addSecs(400 * day) << false
-            << at(0) << 0;
-        QTest::newRow("install date with fractional seconds")
-            << QVariant(QStringLiteral("2024-05-01T09:30:00.000Z")) << absent << t0.addSecs(100 * day) << false
-            << QStringLiteral("2024-05-01T09:30:00.000Z") << 0;
-        QTest::newRow("impossible install date")
-            << QVariant(QStringLiteral("2024-02-30T09:30:00Z")) << absent << t0.addSecs(100 * day) << false
-            << QStringLiteral("2024-02-30T09:30:00Z") << 0;
-        QTest::newRow("install date with an offset is the same instant")
-            << QVariant(QStringLiteral("2024-05-01T11:30:00+02:00")) << absent << t0.addSecs(14 * day + 1)
-            << true << QStringLiteral("2024-05-01T11:30:00+02:00") << 0;
-        QTest::newRow("clock before the install date")
-            << QVariant(at(10 * day)) << absent << t0 << false << at(10 * day) << 0;
+            << QVariant(at(200 * day)) << QVariant(at(0)) << in(201 * day) << true << false;
+        QTest::newRow("unparsable install") << abc << absent << in(400 * day) << false << false;
+        QTest::newRow("unparsable install, prompted") << abc << installed << in(400 * day) << false << false;
+        QTest::newRow("unparsable last prompt") << installed << abc << in(400 * day) << false << false;
+        QTest::newRow("offset, same instant") << offset << absent << in(14 * day + 1) << true << false;
+        QTest::newRow("clock before install") << QVariant(at(10 * day)) << absent << t0 << false << false;
         QTest::newRow("clock before the last prompt")
-            << installed << QVariant(at(300 * day)) << t0.addSecs(200 * day) << false << at(0) << 0;
+            << installed << QVariant(at(300 * day)) << in(200 * day) << false << false;
     }
     void policy()
     {
@@ -100,8 +116,7 @@ private slots:
         QFETCH(QVariant, lastPrompt);
         QFETCH(QDateTime, now);
         QFETCH(bool, answer);
-        QFETCH(QString, installAfter);
-        QFETCH(int, writes);
+        QFETCH(bool, recordsInstall);
 
         Rig rig;
         if (install.isValid())
@@ -110,16 +125,13 @@ private slots:
             rig.store.setRawForTest(PreferenceKeys::lastPromptDateString, lastPrompt);
         rig.now = now;
 
-        QCOMPARE(rig.manager->shouldRequestReview(), answer);
-        QCOMPARE(rig.store.writeCount(), writes);
-        if (writes > 0)
-            QCOMPARE(rig.store.writtenKeys(), QStringList{PreferenceKeys::installDateString});
-        QCOMPARE(rig.store.string(PreferenceKeys::installDateString), std::optional<QString>(installAfter));
-        // The check never records a prompt; that is the caller's job.
-        if (lastPrompt.isValid())
-            QCOMPARE(rig.store.string(PreferenceKeys::lastPromptDateString), lastPrompt.toString());
-        else
-            QVERIFY(!rig.store.contains(PreferenceKeys::lastPromptDateString));
+        QCOMPARE(rig.manager().shouldRequestReview(), answer);
+        // Only a missing install date is ever written here: the check never
+        // records a prompt, and a date that does not parse is left alone.
+        QCOMPARE(rig.store.writtenKeys(),
+                 recordsInstall ? QStringList{PreferenceKeys::installDateString} : QStringList());
+        if (recordsInstall)
+            QCOMPARE(rig.store.string(PreferenceKeys::installDateString), std::optional<QString>(at(0)));
         QCOMPARE(rig.requester.requests(), 0);
     }
 
@@ -136,8 +148,9 @@ private slots:
     {
         QTest::addColumn<QString>("text");
         for (const char *text : {"", "abc", "2024-05-01", "2024-05-01T09:30Z", "2024-05-01 09:30:00Z",
-                                 "2024-05-01T09:30:00z", "2024-05-01T09:30:00+0200", " 2024-05-01T09:30:00Z",
-                                 "2024-13-01T09:30:00Z", "2024-05-01T25:00:00Z"})
+                                 "2024-05-01T09:30:00z", "2024-05-01T09:30:00", "2024-05-01T09:30:00.000Z",
+                                 "2024-05-01T09:30:00+0200", " 2024-05-01T09:30:00Z", "2024-13-01T09:30:00Z",
+                                 "2024-02-30T09:30:00Z", "2024-05-01T25:00:00Z"})
             QTest::newRow(text) << QString::fromLatin1(text);
     }
     void parseRejectsLooseForms()
@@ -146,41 +159,85 @@ private slots:
         QVERIFY(!RatingManager::parseDate(text).has_value());
     }
 
-    void requestReviewIsDeferred()
+    void managerGoneBeforeTheNextTurnAsksForNothing()
     {
         Rig rig;
-        rig.manager->requestReview();
-        QCOMPARE(rig.requester.requests(), 0);
-        QTRY_COMPARE(rig.requester.requests(), 1);
-
-        // A manager gone before the next turn asks for nothing.
-        rig.manager->requestReview();
-        rig.manager.reset();
+        auto manager = std::make_unique<RatingManager>(rig.store, [] { return t0; }, rig.requester,
+                                                       rig.opener);
+        manager->requestReview();
+        manager.reset();
         QTest::qWait(20);
-        QCOMPARE(rig.requester.requests(), 1);
+        QCOMPARE(rig.requester.requests(), 0);
     }
 
-    void writeReviewPageLeavesTheDatesAlone()
+    void rateEntryOpensThePageThroughTheAppsManager()
+    {
+        {
+            Rig rig;
+            rig.store.setString(PreferenceKeys::installDateString, QStringLiteral("abc"));
+            rig.store.resetWriteLog();
+            WriteReviewOpener::standard().openWriteReviewPage();
+            QCOMPARE(rig.opener.opened, QList<QUrl>{QUrl(QStringLiteral("appstream://io.murvane.murvane"))});
+            QCOMPARE(rig.store.writeCount(), 0); // the dates are not touched
+        }
+        // Gone with the app: the standard opener no longer points at it.
+        WriteReviewOpener::standard().openWriteReviewPage();
+    }
+
+    void onlyComingBackToTheFrontChecks()
     {
         Rig rig;
-        rig.store.setString(PreferenceKeys::installDateString, QStringLiteral("abc"));
+        rig.store.setString(PreferenceKeys::installDateString, RatingManager::formatDate(t0));
         rig.store.resetWriteLog();
-        rig.manager->openWriteReviewPage();
-        QCOMPARE(rig.opener.opened, QList<QUrl>{QUrl(QStringLiteral("appstream://io.murvane.murvane"))});
+        rig.now = in(400 * day);
+        // The state it first shows in is not a return; leaving never prompts.
+        rig.appear();
+        for (auto state : {Qt::ApplicationInactive, Qt::ApplicationHidden, Qt::ApplicationSuspended})
+            rig.app.applicationStateChanged(state);
+        QTest::qWait(10);
         QCOMPARE(rig.store.writeCount(), 0);
         QCOMPARE(rig.requester.requests(), 0);
     }
 
-    void defaultManagerUsesTheStandardStore()
+    void freshInstallPromptsAfterAFortnightRecordingTheDateFirst()
     {
-        MemoryPreferencesStore store;
-        PreferencesStore::setStandard(&store);
-        RatingManager manager;
-        QVERIFY(!manager.shouldRequestReview());
-        QVERIFY(RatingManager::parseDate(store.string(PreferenceKeys::installDateString).value_or(QString())));
-        PreferencesStore::setStandard(nullptr);
+        Rig rig;
+        rig.appear();
+        // First return: the install date is recorded, no prompt.
+        rig.comeBack();
+        QCOMPARE(rig.store.string(PreferenceKeys::installDateString), RatingManager::formatDate(t0));
+        rig.now = in(14 * day);
+        rig.comeBack();
+        QTest::qWait(10);
+        QCOMPARE(rig.requester.requests(), 0);
+
+        rig.now = in(14 * day + 1);
+        rig.comeBack();
+        const QString expected = QStringLiteral("2024-05-15T09:30:01Z");
+        QCOMPARE(rig.store.string(PreferenceKeys::lastPromptDateString), expected);
+        // The request itself waits for a later turn of the event loop, and by
+        // then the date was already stored.
+        QCOMPARE(rig.requester.requests(), 0);
+        QTRY_COMPARE(rig.requester.lastPromptAtRequest, QStringList{expected});
+
+        // Coming back again soon after asks nothing more.
+        rig.now = rig.now.addSecs(60);
+        rig.comeBack();
+        QTest::qWait(10);
+        QCOMPARE(rig.requester.requests(), 1);
+    }
+
+    void followsTheApplicationState()
+    {
+        Rig rig;
+        rig.store.setString(PreferenceKeys::installDateString, RatingManager::formatDate(t0));
+        rig.now = in(20 * day);
+        // Through the application's own signal, as the platform sends it.
+        for (auto state : {Qt::ApplicationActive, Qt::ApplicationInactive, Qt::ApplicationActive})
+            emit qGuiApp->applicationStateChanged(state);
+        QTRY_COMPARE(rig.requester.requests(), 1);
     }
 };
 
-QTEST_GUILESS_MAIN(TestRatingManager)
+QTEST_MAIN(TestRatingManager)
 #include "tst_ratingmanager.moc"

@@ -104,9 +104,10 @@ private slots:
     {
         const auto step = rc::gen::construct<Step>(rc::gen::inRange(0, 1000), rc::gen::inRange(0, 1000),
                                                    rc::gen::inRange(0, 1000), rc::gen::inRange(0, 1000));
-
-        const bool lengthsHold = rc::check("names and item lists keep one length; saved state reloads equal",
-                                           [&](bool withUndo) {
+        // Undo restores lists by position and may bring back a pinned item
+        // below unpinned ones, so the pinned block is checked only without it.
+        const bool hold = rc::check("lengths agree, pinned items head each list, saved state reloads equal",
+                                    [&](bool withUndo) {
             const auto steps = *rc::gen::container<std::vector<Step>>(step);
             MemoryPreferencesStore prefs;
             ListItems store(prefs);
@@ -114,27 +115,15 @@ private slots:
             for (const Step &s : steps) {
                 apply(store, undo, s, withUndo);
                 RC_ASSERT(store.items().size() == store.listNames().size());
+                for (const ItemList &l : store.items())
+                    RC_ASSERT(withUndo || pinnedFormHeadBlock(l));
             }
-            // What was saved is what a fresh start reads back.
             store.saveItems();
             ListItems reopened(prefs);
             RC_ASSERT(reopened.listNames() == store.listNames());
             RC_ASSERT(reopened.items() == store.items());
         });
-        QVERIFY(lengthsHold);
-
-        const bool pinnedHold = rc::check("without undo, pinned items stay one block at the head", [&] {
-            const auto steps = *rc::gen::container<std::vector<Step>>(step);
-            MemoryPreferencesStore prefs;
-            ListItems store(prefs);
-            UndoStack undo;
-            for (const Step &s : steps) {
-                apply(store, undo, s, false);
-                for (const ItemList &l : store.items())
-                    RC_ASSERT(pinnedFormHeadBlock(l));
-            }
-        });
-        QVERIFY(pinnedHold);
+        QVERIFY(hold);
     }
 };
 

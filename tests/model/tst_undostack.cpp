@@ -7,12 +7,9 @@
 using namespace UndoActions;
 
 namespace {
-ListItem item(const QString &text, ListItemState s = ListItemState::toDo, bool pinned = false)
+ListItem item(const char *text)
 {
-    ListItem i = ListItem::create(text);
-    i.state = s;
-    i.isPinned = pinned;
-    return i;
+    return ListItem::create(QString::fromUtf8(text));
 }
 } // namespace
 
@@ -37,21 +34,17 @@ private slots:
         prefs = new MemoryPreferencesStore;
         store = new ListItems(*prefs);
         stack = UndoStack();
-        for (int i = 0; i < 6; ++i)
-            store->addItem(item(QStringLiteral("item %1").arg(i), i % 2 ? ListItemState::done : ListItemState::toDo), 2);
+        for (int i = 0; i < 6; ++i) {
+            const ListItem added = ListItem::create(QStringLiteral("item %1").arg(i));
+            store->addItem(added, 2);
+            store->setState(i % 2 ? ListItemState::done : ListItemState::toDo, added.id, 2);
+        }
         prefs->resetWriteLog();
     }
     void cleanup()
     {
         delete store;
         delete prefs;
-    }
-
-    void emptyStackDoesNothing()
-    {
-        const auto outcome = stack.undo(*store);
-        QVERIFY(!outcome.applied);
-        QCOMPARE(prefs->writeCount(), 0);
     }
 
     void deletedItemsComeBackNewestFirstWithTheirIds()
@@ -98,23 +91,26 @@ private slots:
         QVERIFY(prefs->writtenKeys().contains(PreferenceKeys::items));
     }
 
-    void sortUndoRestoresWholeFormerContent()
+    void listCopiesComeBackWhole()
     {
         const ItemList before = store->items()[2];
         stack.push(SortList{2, before});
         store->sortItems(2, true, false);
-        store->addItem(item("added after sort"), 2);
-        QVERIFY(stack.undo(*store).applied);
-        QCOMPARE(store->items()[2], before);
-    }
-
-    void markAllUndoRestoresStates()
-    {
-        const ItemList before = store->items()[2];
+        const ItemList sorted = store->items()[2];
+        stack.push(MarkAll{2, sorted});
         store->setAllStates(2, ListItemState::toDo);
-        stack.push(MarkAll{2, before});
+        store->addItem(item("added later"), 2);
+        // Each entry puts back the whole copy it holds; later changes are lost.
+        QVERIFY(stack.undo(*store).applied);
+        QCOMPARE(store->items()[2], sorted);
         QVERIFY(stack.undo(*store).applied);
         QCOMPARE(store->items()[2], before);
+
+        // The toolbar pushes an empty copy when its index was invalid; applied
+        // later to a valid position it empties that list, by design.
+        stack.push(MarkAll{2, {}});
+        QVERIFY(stack.undo(*store).applied);
+        QVERIFY(store->items()[2].isEmpty());
     }
 
     void entriesApplyByPositionOrAreDropped()
@@ -147,19 +143,11 @@ private slots:
         stack.push(DeleteList{50, QStringLiteral("far"), {}});
         stack.push(SortList{-1, {}});
         stack.push(MarkAll{40, {}});
-        for (int i = 0; i < 4; ++i)
+        // The fifth undo finds the stack empty.
+        for (int i = 0; i < 5; ++i)
             QVERIFY(!stack.undo(*store).applied);
         QCOMPARE(prefs->writeCount(), 0);
         QCOMPARE(store->listNames().size(), 10);
-    }
-
-    void markAllWithEmptyCopyEmptiesTheListAtThatPosition()
-    {
-        // The toolbar pushes an empty copy when its index was invalid; applied
-        // later to a valid position it empties that list, by design.
-        stack.push(MarkAll{2, {}});
-        QVERIFY(stack.undo(*store).applied);
-        QVERIFY(store->items()[2].isEmpty());
     }
 };
 

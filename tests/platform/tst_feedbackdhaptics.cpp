@@ -17,19 +17,13 @@ class FakeFeedbackd : public QObject
     Q_CLASSINFO("D-Bus Interface", "org.sigxcpu.Feedback")
 
 public:
-    struct Call
-    {
-        QString appId;
-        QString event;
-        QVariantMap hints;
-        int timeout;
-    };
-    QList<Call> calls;
+    QStringList calls; // "app id, event, profile, timeout"
 
 public slots:
     uint TriggerFeedback(const QString &appId, const QString &event, const QVariantMap &hints, int timeout)
     {
-        calls.append({appId, event, hints, timeout});
+        const QString profile = hints.value(QStringLiteral("profile")).toString();
+        calls << QStringLiteral("%1, %2, %3, %4").arg(appId, event, profile).arg(timeout);
         return uint(calls.size());
     }
 };
@@ -87,20 +81,21 @@ private slots:
         haptics.lightImpact();
         haptics.successNotification();
         QTRY_COMPARE(daemon.calls.size(), 2);
-        QCOMPARE(daemon.calls[0].event, QStringLiteral("button-pressed"));
-        QCOMPARE(daemon.calls[1].event, QStringLiteral("message-sent-instant"));
-        for (const FakeFeedbackd::Call &call : daemon.calls) {
-            QCOMPARE(call.appId, AppIdentity::appId);
-            QCOMPARE(call.hints.value(QStringLiteral("profile")).toString(), QStringLiteral("quiet"));
-            QCOMPARE(call.timeout, -1);
-        }
+        const QString app = AppIdentity::appId;
+        QCOMPARE(daemon.calls, QStringList({app + QStringLiteral(", button-pressed, quiet, -1"),
+                                            app + QStringLiteral(", message-sent-instant, quiet, -1")}));
         QTRY_COMPARE(haptics.pendingCalls(), 0);
         QVERIFY(haptics.isAvailable());
     }
 
-    void missingDaemonIsNoticedOnceAndQuietly()
+    void missingDaemonOrBusIsNoticedOnceAndQuietly()
     {
         QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+        FeedbackdHaptics offline(QDBusConnection(QStringLiteral("never connected")));
+        offline.lightImpact();
+        QVERIFY(!offline.isAvailable());
+        QCOMPARE(offline.pendingCalls(), 0);
+
         FeedbackdHaptics haptics(QDBusConnection::connectToBus(m_address, QStringLiteral("client2")));
         haptics.lightImpact();
         QTRY_VERIFY(!haptics.isAvailable());
@@ -116,17 +111,7 @@ private slots:
         QTRY_VERIFY(haptics.isAvailable());
         haptics.lightImpact();
         QTRY_COMPARE(daemon.calls.size(), 1);
-        QCOMPARE(daemon.calls[0].event, QStringLiteral("button-pressed"));
-    }
-
-    void noBusIsHarmless()
-    {
-        FeedbackdHaptics haptics(QDBusConnection(QStringLiteral("never connected")));
-        QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
-        haptics.lightImpact();
-        haptics.successNotification();
-        QVERIFY(!haptics.isAvailable());
-        QCOMPARE(haptics.pendingCalls(), 0);
+        QVERIFY(daemon.calls[0].contains(QStringLiteral("button-pressed")));
     }
 
 private:
