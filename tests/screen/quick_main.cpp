@@ -5,14 +5,14 @@
 #include "platform/PreferencesStore.h"
 
 #include <QQmlEngine>
-#include <QVariantMap>
 #include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
 Q_IMPORT_QML_PLUGIN(MurvanePlugin)
 
-// Lets the tests start every case from a known store: `TestStore` in QML.
-class TestStore : public QObject
+// The Qt Quick test set-up, also `TestStore` in QML: it lets the tests start
+// every case from a known store.
+class ScreenQuickSetup : public QuickTestSetup
 {
     Q_OBJECT
 
@@ -29,18 +29,19 @@ public:
         Appearance::instance()->setSchemeKey(PreferenceKeys::defaultAppColorScheme);
     }
 
-    // Writes lists as the app stores them: `lists` holds one array per name
-    // of items {text, done, pinned}.
+    // Writes lists as the app stores them: one array of texts per name,
+    // "*" before a text pins the item, "+" marks it done.
     Q_INVOKABLE void seed(const QStringList &names, const QVariantList &lists, int selected)
     {
         QList<ItemList> items;
         for (const QVariant &list : lists) {
             ItemList entries;
-            for (const QVariant &value : list.toList()) {
-                const QVariantMap map = value.toMap();
-                ListItem item = ListItem::create(map.value(QStringLiteral("text")).toString());
-                item.state = map.value(QStringLiteral("done")).toBool() ? ListItemState::done : ListItemState::toDo;
-                item.isPinned = map.value(QStringLiteral("pinned")).toBool();
+            for (QString text : list.toStringList()) {
+                ListItem item = ListItem::create({});
+                item.isPinned = text.startsWith('*');
+                text.remove(0, item.isPinned ? 1 : 0);
+                item.state = text.startsWith('+') ? ListItemState::done : ListItemState::toDo;
+                item.text = text.mid(item.isDone() ? 1 : 0);
                 entries.append(item);
             }
             items.append(entries);
@@ -51,25 +52,12 @@ public:
         store.setInteger(PreferenceKeys::selectedListIndex, selected);
     }
 
-    Q_INVOKABLE QStringList storedListNames() const
-    {
-        return PreferencesStore::standard().stringList(PreferenceKeys::listNames).value_or(QStringList());
-    }
-};
-
-class ScreenQuickSetup : public QuickTestSetup
-{
-    Q_OBJECT
-
 public slots:
     void qmlEngineAvailable(QQmlEngine *engine)
     {
         QuickTestSetup::qmlEngineAvailable(engine);
-        qmlRegisterSingletonInstance("MurvaneTest", 1, 0, "TestStore", &m_store);
+        qmlRegisterSingletonInstance("MurvaneTest", 1, 0, "TestStore", this);
     }
-
-private:
-    TestStore m_store;
 };
 
 QUICK_TEST_MAIN_WITH_SETUP(screen_quick, ScreenQuickSetup)

@@ -1,9 +1,7 @@
 #include "RecordingShareSheet.h"
-#include "model/ListItems.h"
-#include "platform/MemoryPreferencesStore.h"
+#include "model/ListItem.h"
 #include "views/ShareText.h"
 
-#include <QSignalSpy>
 #include <QTest>
 
 namespace {
@@ -54,37 +52,20 @@ private slots:
         QCOMPARE(ShareText::format(name, items).toUtf8(), utf8);
     }
 
-    void shareTextOfAStoredList()
-    {
-        MemoryPreferencesStore prefs;
-        prefs.setStringList(PreferenceKeys::listNames, {"Home", "Work"});
-        ListItems store(prefs);
-        store.addItem(item("Milk"), 1);
-        QCOMPARE(ShareText::build(store, 1), std::optional<QString>(QStringLiteral("Work\n____\n\n\u2022 Milk ")));
-        QCOMPARE(ShareText::build(store, 0), std::optional<QString>(QStringLiteral("Home\n____\n")));
-        QVERIFY(!ShareText::build(store, -1));
-        QVERIFY(!ShareText::build(store, 2));
-    }
-
     void mailtoCarriesTheTextAsBody()
     {
         const QUrl url = ShareSheet::mailtoUrl(QStringLiteral("A&B + C=?\n\u2022 Milk #1 "));
-        QVERIFY(url.isValid());
-        QCOMPARE(url.scheme(), QStringLiteral("mailto"));
         QCOMPARE(url.toEncoded(),
                  QByteArray("mailto:?body=A%26B%20%2B%20C%3D%3F%0D%0A%E2%80%A2%20Milk%20%231%20"));
     }
 
-    void sheetPresentsOnTheNextTurn()
+    void sheetPresentsOnTheNextTurnAndClosesOnAnyChoice()
     {
         RecordingShareSheet sheet;
-        QSignalSpy presented(&sheet, &ShareSheet::isPresentedChanged);
         sheet.present(QStringLiteral("Home\n____\n"));
         QVERIFY(!sheet.isPresented());
-        QVERIFY(presented.wait(1000));
-        QVERIFY(sheet.isPresented());
+        QTRY_VERIFY(sheet.isPresented());
         QCOMPARE(sheet.text(), QStringLiteral("Home\n____\n"));
-
         sheet.copyText();
         QCOMPARE(sheet.copied, QStringList{"Home\n____\n"});
         QVERIFY(!sheet.isPresented());
@@ -96,12 +77,6 @@ private slots:
         sheet.emailText();
         QCOMPARE(sheet.opened, QList<QUrl>{ShareSheet::mailtoUrl(QStringLiteral("x"))});
         QVERIFY(!sheet.isPresented());
-
-        sheet.present(QStringLiteral("y"));
-        QTRY_VERIFY(sheet.isPresented());
-        sheet.dismiss();
-        QVERIFY(!sheet.isPresented());
-        QCOMPARE(sheet.copied.size() + sheet.opened.size(), 2);
     }
 };
 

@@ -13,6 +13,8 @@ TestCase {
     property ContentView view: null
     readonly property ScreenState screen: view ? view.screenState : null
     readonly property ContentLayers layers: view ? view.layers as ContentLayers : null
+    // Rows for tests that run once with the mouse and once with a finger.
+    readonly property var pointers: [{ tag: "mouse", touch: false }, { tag: "touch", touch: true }]
 
     when: windowShown
 
@@ -24,68 +26,36 @@ TestCase {
         }
     }
 
-    // A screen over `names` with `lists` of {text, done, pinned}; without
-    // names, over an empty store (the default lists).
+    // A screen over lists of item texts: "*" before a text pins the item,
+    // "+" marks it done.
     function makeScreen(names, lists, selected) {
         TestStore.reset();
-        if (names)
-            TestStore.seed(names, lists, selected || 0);
+        TestStore.seed(names, lists, selected || 0);
         view = createTemporaryObject(contentComponent, scene);
         verify(view);
         tryVerify(() => tc.layers !== null);
         waitForRendering(view);
-        return view;
-    }
-
-    // Lets the rows' move and remove animations finish.
-    function settle() {
-        wait(400);
-    }
-
-    function items(texts) {
-        return texts.map(t => typeof t === "string" ? { text: t } : t);
     }
 
     function row(index) {
         return layers.itemList.itemAtIndex(index);
     }
 
-    function rowTexts() {
+    // The rows as marked texts, joined by commas.
+    function rows() {
         const texts = [];
         for (let i = 0; i < layers.itemList.count; ++i) {
             const r = row(i);
-            texts.push(r ? r.itemText : null);
+            texts.push(r ? (r.isPinned ? "*" : "") + (r.isDone ? "+" : "") + r.itemText : null);
         }
-        return texts;
+        return texts.join();
     }
 
-    function centre(item) {
-        return item.mapToItem(view, item.width / 2, item.height / 2);
-    }
-
-    function tapItem(item, touch) {
-        const p = centre(item);
-        if (touch) {
-            const t = touchEvent(view);
-            t.press(0, view, p.x, p.y).commit();
-            t.release(0, view, p.x, p.y).commit();
-        } else {
-            mouseClick(view, p.x, p.y);
-        }
-    }
-
-    function tapMarker(index, touch) {
-        tapItem(row(index).content.marker, touch);
-    }
-
-    function tapText(index, touch) {
-        tapItem(row(index).content.textBox, touch);
-    }
-
-    function button(name) {
-        const found = findChild(view, name);
-        verify(found, "no " + name);
-        return found;
+    // Waits for the rows to read `expected`, and says what they read if not.
+    function expectRows(expected) {
+        for (let i = 0; i < 60 && rows() !== expected; ++i)
+            wait(50);
+        compare(rows(), expected);
     }
 
     function typeText(text) {
@@ -93,66 +63,63 @@ TestCase {
             keyClick(ch);
     }
 
-    // A full swipe across a row, with the mouse or a finger.
+    // A tap in the middle of `item`, with the mouse or a finger.
+    function tap(item, touch) {
+        const p = item.mapToItem(view, item.width / 2, item.height / 2);
+        stroke(view, p, p, touch);
+    }
+
+    // Presses at `from`, moves to `to` in ten steps and lets go, with the
+    // mouse or a finger; holding `hold` ms first lifts a row to drag it.
+    function stroke(target, from, to, touch, hold) {
+        const finger = touch ? touchEvent(target) : null;
+        if (touch)
+            finger.press(0, target, from.x, from.y).commit();
+        else
+            mousePress(target, from.x, from.y);
+        wait(hold || 16);
+        for (let i = 1; i <= 10; ++i) {
+            const x = from.x + (to.x - from.x) * i / 10;
+            const y = from.y + (to.y - from.y) * i / 10;
+            if (touch)
+                finger.move(0, target, x, y).commit();
+            else
+                mouseMove(target, x, y);
+            wait(16);
+        }
+        if (touch)
+            finger.release(0, target, to.x, to.y).commit();
+        else
+            mouseRelease(target, to.x, to.y);
+    }
+
+    // A full swipe across a row: leading pins, trailing deletes.
     function swipeRow(index, leading, touch) {
         const r = row(index);
         const y = r.height / 2;
-        const from = leading ? 30 : r.width - 70;
-        const to = leading ? r.width - 10 : 10;
-        if (touch) {
-            const t = touchEvent(r);
-            t.press(0, r, from, y).commit();
-            for (let i = 1; i <= 12; ++i) {
-                wait(16);
-                t.move(0, r, from + (to - from) * i / 12, y).commit();
-            }
-            t.release(0, r, to, y).commit();
-        } else {
-            mouseDrag(r, from, y, to - from, 0, Qt.LeftButton, Qt.NoModifier, 10);
-        }
+        stroke(r, Qt.point(leading ? 30 : r.width - 70, y), Qt.point(leading ? r.width - 10 : 10, y), touch);
     }
 
-    // Holds a row until it lifts, drags it so its middle lands at `toY`
-    // (in the list's coordinates) and lets go.
+    // Holds a row until it lifts and drops it with its middle at `toY`, in
+    // the list's coordinates.
     function dragRow(index, toY, touch) {
         const list = layers.itemList;
-        const r = row(index);
-        const start = r.mapToItem(list, 60, r.height / 2);
-        if (touch) {
-            const t = touchEvent(list);
-            t.press(0, list, start.x, start.y).commit();
-            wait(1000);
-            for (let i = 1; i <= 10; ++i) {
-                t.move(0, list, start.x, start.y + (toY - start.y) * i / 10).commit();
-                wait(16);
-            }
-            t.release(0, list, start.x, toY).commit();
-        } else {
-            mousePress(list, start.x, start.y);
-            wait(1000);
-            for (let i = 1; i <= 10; ++i) {
-                mouseMove(list, start.x, start.y + (toY - start.y) * i / 10);
-                wait(16);
-            }
-            mouseRelease(list, start.x, toY);
-        }
+        const start = row(index).mapToItem(list, 60, row(index).height / 2);
+        stroke(list, start, Qt.point(start.x, toY), touch, 1000);
     }
 
-    function openMenu() {
-        mouseClick(layers.toolbar.menuButton);
-        tryCompare(layers.toolbar.menu, "opened", true);
-    }
-
-    function chooseMenuEntry(title) {
-        openMenu();
-        const menu = layers.toolbar.menu;
-        for (let i = 0; i < menu.count; ++i) {
-            if (menu.itemAt(i).text === title) {
-                mouseClick(menu.itemAt(i));
-                tryCompare(menu, "visible", false);
-                return;
-            }
+    // Picks entry `index` of the toolbar's menu, then entry `themeIndex`
+    // of the themes submenu when given.
+    function chooseMenuEntry(index, themeIndex) {
+        const bar = layers.toolbar;
+        mouseClick(bar.menuButton);
+        tryCompare(bar.menu, "opened", true);
+        mouseClick(bar.menu.itemAt(index));
+        if (themeIndex === undefined) {
+            tryCompare(bar.menu, "visible", false);
+            return;
         }
-        fail("no menu entry " + title);
+        tryCompare(bar.themesMenu, "opened", true);
+        mouseClick(bar.themesMenu.itemAt(themeIndex));
     }
 }

@@ -8,187 +8,143 @@ Item {
     height: 844
 
     ScreenTestCase {
-        id: test
-
         name: "ItemFlows"
         scene: root
 
+        // The mouse adds the first item to an empty list; while the keyboard
+        // is up a tap on a row only puts it away; a finger edits and updates.
         function test_addEditAndUpdate() {
-            makeScreen(["Home"], [[]]);
+            makeScreen(["Home", "Empty"], [["Tea"], []], 1);
             const bar = layers.inputBar;
+            tryCompare(layers.emptyArea, "opacity", 1);
             mouseClick(bar.entry);
             tryVerify(() => screen.newItemFieldIsFocused);
+            tap(layers.emptyArea);
+            tryVerify(() => !bar.entry.entryActiveFocus);
+            // The entry grows with its text, up to 150.
+            screen.newItem = Array(30).fill("line").join("\n");
+            tryCompare(bar.entry, "height", 150);
+            screen.newItem = "";
+            tryCompare(bar.entry, "height", 36);
+
+            mouseClick(bar.entry);
             typeText("Milk");
-            compare(screen.newItem, "Milk");
             mouseClick(bar.submitButton);
-            tryCompare(layers.itemList, "count", 1);
-            compare(rowTexts(), ["Milk"]);
+            // The bullet flies out and back; the keyboard stays for the next item.
+            tryVerify(() => bar.bullet.x > 150 && bar.bullet.opacity > 0.5, 500);
+            expectRows("Milk");
             compare(bar.entry.textArea.text, "");
-            // The bullet flies out and the keyboard stays for the next item.
-            tryVerify(() => bar.bullet.opacity > 0.5);
+            tryCompare(layers.itemList, "opacity", 1);
+            tryCompare(layers.emptyArea, "visible", false);
+            tryVerify(() => bar.bullet.x === 0 && bar.bullet.opacity === 0, 2000);
             verify(bar.entry.entryActiveFocus);
-            tryCompare(bar.bullet, "opacity", 0, 2000);
+            keyClick(Qt.Key_Escape);
+            tryVerify(() => !screen.newItemFieldIsFocused);
 
-            // Only white space: nothing is added.
-            typeText("   ");
-            mouseClick(bar.submitButton);
-            compare(layers.itemList.count, 1);
-
-            tapText(0);
-            compare(screen.editingItemId, row(0).itemId);
-            compare(bar.submitButton.text, "Update");
-            compare(bar.entry.textArea.text, "Milk");
-            tryVerify(() => bar.entry.entryActiveFocus);
-            keyClick(Qt.Key_A, Qt.ControlModifier);
-            typeText("Oat milk");
-            mouseClick(bar.submitButton);
-            tryVerify(() => rowTexts().join() === "Oat milk");
-            compare(bar.submitButton.text, "Add");
-        }
-
-        function test_updateWithTouch() {
-            makeScreen(["Home"], [items(["Tea"])]);
-            tapText(0, true);
-            compare(layers.inputBar.submitButton.text, "Update");
-            tryVerify(() => layers.inputBar.entry.entryActiveFocus);
-            keyClick(Qt.Key_End);
-            typeText(" leaves");
-            tapItem(layers.inputBar.submitButton, true);
-            tryVerify(() => rowTexts()[0] === "Tea leaves");
-            compare(layers.inputBar.submitButton.text, "Add");
-            compare(layers.itemList.count, 1);
-        }
-
-        function test_toggleTwiceTurnsAFullCircle() {
-            makeScreen(["Home"], [items(["Eggs"])]);
-            const marker = findChild(row(0).content, "doneMarker");
-            tapMarker(0);
-            tryVerify(() => row(0).isDone);
-            compare(row(0).rotationAngle, 180);
-            tapMarker(0, true);
-            tryVerify(() => !row(0).isDone);
-            compare(row(0).rotationAngle, 360);
-            compare(screen.rotationAngle(row(0).itemId), 360);
-            tryCompare(marker, "rotation", 360, 3000);
-        }
-
-        function test_swipeToPinAndToDeleteThenUndo_data() {
-            return [{ tag: "mouse", touch: false }, { tag: "touch", touch: true }];
-        }
-
-        function test_swipeToPinAndToDeleteThenUndo(data) {
-            makeScreen(["Home"], [items(["A", "B", "C"])]);
-            swipeRow(2, true, data.touch);
-            tryVerify(() => rowTexts().join() === "C,A,B");
-            tryVerify(() => row(0).isPinned);
-            settle();
-
-            swipeRow(1, false, data.touch);
-            tryVerify(() => rowTexts().join() === "C,B");
-            verify(screen.canUndo);
-
-            mouseClick(layers.inputBar.undoButton);
-            tryVerify(() => rowTexts().join() === "C,A,B");
-            verify(!row(1).isPinned);
-        }
-
-        function test_dragAcrossThePinnedBoundary_data() {
-            return [{ tag: "mouse", touch: false }, { tag: "touch", touch: true }];
-        }
-
-        function test_dragAcrossThePinnedBoundary(data) {
-            makeScreen(["Home"], [items([{ text: "P", pinned: true }, "A", "B"])]);
-            compare(rowTexts(), ["P", "A", "B"]);
-            // B dropped above the pinned P becomes pinned.
-            dragRow(2, row(0).y + 4, data.touch);
-            tryVerify(() => rowTexts().join() === "B,P,A");
-            verify(row(0).isPinned);
-            settle();
-            // P dropped below A leaves the pinned block.
-            dragRow(1, row(2).y + row(2).height - 4, data.touch);
-            tryVerify(() => rowTexts().join() === "B,A,P");
-            verify(!row(2).isPinned);
-            verify(row(0).isPinned);
-        }
-
-        function test_dragWithinTheListKeepsPins() {
-            makeScreen(["Home"], [items(["A", "B", "C", "D"])]);
-            dragRow(0, row(2).y + row(2).height * 0.75);
-            tryVerify(() => rowTexts().join() === "B,C,A,D");
-            settle();
-            // A held row let go where it was changes nothing.
-            dragRow(1, row(1).y + row(1).height / 2);
-            wait(100);
-            compare(rowTexts().join(), "B,C,A,D");
-        }
-
-        function test_sortByTextThenStatusThenUndo() {
-            makeScreen(["Home"], [items([{ text: "b", done: true }, "c", { text: "a", done: true }, "d"])]);
-            mouseClick(button("sortTextButton"));
-            tryVerify(() => rowTexts().join() === "a,b,c,d");
-            mouseClick(button("sortStatusButton"));
-            tryVerify(() => rowTexts().join() === "c,d,a,b");
-            mouseClick(layers.inputBar.undoButton);
-            tryVerify(() => rowTexts().join() === "a,b,c,d");
-            mouseClick(layers.inputBar.undoButton);
-            tryVerify(() => rowTexts().join() === "b,c,a,d");
-        }
-
-        function test_resetDotsThenUndo() {
-            makeScreen(["Home"], [items([{ text: "X", done: true }, { text: "Y", done: true }, "Z"])]);
-            chooseMenuEntry("Reset Dots");
-            tryVerify(() => !row(0).isDone && !row(1).isDone && !row(2).isDone);
-            mouseClick(layers.inputBar.undoButton);
-            tryVerify(() => row(0).isDone && row(1).isDone && !row(2).isDone);
-        }
-
-        // While the keyboard is up a tap on the list only puts it away; once
-        // it is down, taps reach the rows again.
-        function test_listTapLayerFollowsTheKeyboard() {
-            makeScreen(["Home"], [items(["A"])]);
-            mouseClick(layers.inputBar.entry);
-            tryVerify(() => screen.newItemFieldIsFocused);
+            mouseClick(bar.entry);
             screen.keyboardResponder.keyboardWillShow();
-            tapText(0);
+            tap(row(0).content.textBox);
             tryVerify(() => !screen.newItemFieldIsFocused);
             compare(screen.editingItemId, "");
             screen.keyboardResponder.keyboardWillHide();
-            tapText(0);
-            verify(screen.editingItemId !== "");
-        }
 
-        function test_emptyAreaTapPutsTheKeyboardAway() {
-            makeScreen(["Home", "Empty"], [items(["A"]), []], 1);
-            const area = layers.emptyArea;
-            tryCompare(area, "opacity", 1);
-            verify(!layers.itemList.visible);
-            mouseClick(layers.inputBar.entry);
-            tryVerify(() => screen.newItemFieldIsFocused);
-            mouseClick(area, area.width / 2, area.height / 2);
-            tryVerify(() => !screen.newItemFieldIsFocused);
-            verify(!layers.inputBar.entry.entryActiveFocus);
-
-            // Adding the first item fades the list in.
-            mouseClick(layers.inputBar.entry);
-            typeText("First");
-            mouseClick(layers.inputBar.submitButton);
-            tryCompare(layers.itemList, "opacity", 1);
-            tryCompare(area, "visible", false);
+            tap(row(0).content.textBox, true);
+            compare(bar.submitButton.text, "Update");
+            compare(bar.entry.textArea.text, "Milk");
+            tryVerify(() => bar.entry.entryActiveFocus);
+            // The cursor waits at the end of the text.
+            typeText(" tea");
+            tap(bar.submitButton, true);
+            expectRows("Milk tea");
+            compare(bar.submitButton.text, "Add");
         }
 
         function test_newItemIsScrolledIntoView() {
-            const many = [];
-            for (let i = 0; i < 40; ++i)
-                many.push("Item " + i);
-            makeScreen(["Home"], [items(many)]);
+            makeScreen(["Home"], [Array.from({ length: 40 }, (_, i) => "Item " + i)]);
             mouseClick(layers.inputBar.entry);
             typeText("Last one");
             mouseClick(layers.inputBar.submitButton);
             const list = layers.itemList;
             tryVerify(() => {
                 const r = list.itemAtIndex(40);
-                return r && r.y + r.height <= list.contentY + list.height + 1 && r.y >= list.contentY;
+                return r && r.y >= list.contentY && r.y + r.height <= list.contentY + list.height + 1;
             });
+        }
+
+        function test_toggleTwiceTurnsAFullCircle() {
+            const text = "Eggs, and a line too long for one line of a phone's row";
+            makeScreen(["Home"], [[text]]);
+            const content = row(0).content;
+            const marker = findChild(content, "doneMarker");
+            // Long text wraps short of the marker.
+            verify(content.textBox.width < content.marker.x);
+            tap(content.marker);
+            expectRows("+" + text);
+            compare(marker.name, "largecircle.fill.circle");
+            fuzzyCompare(content.textBox.color.a, 0.2, 0.01);
+            // The marker turns on a spring: on its way, then at rest.
+            tryVerify(() => marker.rotation > 0 && marker.rotation < 180);
+            tryCompare(marker, "rotation", 180, 3000);
+
+            tap(content.marker, true);
+            expectRows(text);
+            compare(marker.name, "circle");
+            compare(content.textBox.color.a, 0);
+            tryCompare(marker, "rotation", 360, 3000);
+        }
+
+        function test_swipeToPinAndToDeleteThenUndo_data() {
+            return pointers;
+        }
+
+        function test_swipeToPinAndToDeleteThenUndo(data) {
+            makeScreen(["Home"], [["A", "B", "C"]]);
+            swipeRow(2, true, data.touch);
+            expectRows("*C,A,B");
+            const pinned = row(0);
+            tryCompare(pinned.swipe, "position", 0);
+            const mark = Array.from(pinned.content.children).find(child => child.name === "pin.fill");
+            verify(mark.visible && mark.x + mark.width <= pinned.content.marker.x);
+            // Let the rows' move finish: a press during it overflows the stack
+            // of Qt 6.4's SwipeDelegate.
+            wait(400);
+            swipeRow(1, false, data.touch);
+            expectRows("*C,B");
+            mouseClick(layers.inputBar.undoButton);
+            expectRows("*C,A,B");
+        }
+
+        function test_dragAcrossThePinnedBoundary_data() {
+            return pointers;
+        }
+
+        function test_dragAcrossThePinnedBoundary(data) {
+            makeScreen(["Home"], [["*P", "A", "B"]]);
+            // B dropped above the pinned P becomes pinned.
+            dragRow(2, row(0).y + 4, data.touch);
+            expectRows("*B,*P,A");
+            wait(400);
+            // P dropped below A leaves the pinned block.
+            dragRow(1, row(2).y + row(2).height - 4, data.touch);
+            expectRows("*B,A,P");
+        }
+
+        function test_sortAndResetDotsThenUndo() {
+            makeScreen(["Home"], [["+b", "c", "+a", "d"]]);
+            // A tap between a short text and the marker does nothing.
+            tap(row(0));
+            compare(screen.editingItemId, "");
+            expectRows("+b,c,+a,d");
+            mouseClick(findChild(view, "sortTextButton"));
+            expectRows("+a,+b,c,d");
+            mouseClick(findChild(view, "sortStatusButton"));
+            expectRows("c,d,+a,+b");
+            chooseMenuEntry(2);
+            expectRows("c,d,a,b");
+            for (const expected of ["c,d,+a,+b", "+a,+b,c,d", "+b,c,+a,d"]) {
+                mouseClick(layers.inputBar.undoButton);
+                expectRows(expected);
+            }
         }
     }
 }

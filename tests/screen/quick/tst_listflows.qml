@@ -1,7 +1,6 @@
 import QtQuick
 import QtTest
 import Murvane
-import MurvaneTest
 
 Item {
     id: root
@@ -9,8 +8,6 @@ Item {
     height: 844
 
     ScreenTestCase {
-        id: test
-
         name: "ListFlows"
         scene: root
 
@@ -18,150 +15,73 @@ Item {
             return findChild(layers.header, "chip_" + index);
         }
 
-        function test_moveButtonsAndTheirEnds() {
-            makeScreen(["One", "Two", "Three"], [items(["a"]), items(["b"]), items(["c"])], 1);
-            const left = button("moveLeftButton");
-            const right = button("moveRightButton");
-            verify(left.enabled && right.enabled);
+        // Twelve lists, the stored selection beyond the last: it comes back
+        // as the last, its chip at the strip's end. The wheel scrolls the
+        // strip; a chip tap selects and centres; the arrows and "+" rearrange.
+        function test_selectMoveAndAddLists() {
+            const names = Array.from({ length: 12 }, (_, i) => "List number " + i);
+            makeScreen(names, names.map(n => ["in " + n]), 20);
+            const flick = layers.header.flickable;
+            verify(chip(11).selected);
+            compare(flick.contentX, flick.contentWidth - flick.width);
+            for (let i = 0; i < 100; ++i)
+                mouseWheel(flick, 100, 20, 0, 120);
+            compare(flick.contentX, 0);
 
-            mouseClick(left);
-            compare(screen.store.listNames, ["Two", "One", "Three"]);
-            compare(screen.selectedListIndex, 0);
-            verify(!left.enabled);
-            compare(rowTexts(), ["b"]);
+            mouseClick(layers.inputBar.entry);
+            tryVerify(() => screen.newItemFieldIsFocused);
+            mouseClick(chip(2));
+            expectRows("in List number 2");
+            tryVerify(() => !screen.newItemFieldIsFocused);
+            tryVerify(() => Math.abs(chip(2).mapToItem(flick, chip(2).width / 2, 0).x - flick.width / 2) < 1.5, 2000);
 
-            mouseClick(right);
-            mouseClick(right);
-            compare(screen.store.listNames, ["One", "Three", "Two"]);
-            compare(screen.selectedListIndex, 2);
-            verify(!right.enabled);
-            verify(left.enabled);
-            compare(TestStore.storedListNames(), ["One", "Three", "Two"]);
-            // The moved list's chip is the selected one.
-            tryVerify(() => chip(2) && chip(2).selected);
-        }
+            mouseClick(findChild(view, "moveLeftButton"));
+            mouseClick(findChild(view, "moveRightButton"));
+            mouseClick(findChild(view, "moveRightButton"));
+            compare(screen.store.listNames.slice(1, 4), ["List number 1", "List number 3", "List number 2"]);
+            tryVerify(() => chip(3).selected);
+            expectRows("in List number 2");
 
-        function test_newListAtTheFront() {
-            makeScreen(["One", "Two"], [items(["a"]), items(["b"])], 1);
-            mouseClick(button("newListButton"));
-            compare(screen.store.listNames, ["New List", "One", "Two"]);
-            compare(screen.selectedListIndex, 0);
+            mouseClick(findChild(view, "newListButton"));
+            compare(screen.store.listNames[0], "New List");
             compare(layers.navigationBar.titleEditor.text, "New List");
             tryCompare(layers.emptyArea, "opacity", 1);
             // The strip returns to its start, where the new chip is.
-            tryCompare(layers.header.flickable, "contentX", 0, 2000);
+            tryCompare(flick, "contentX", 0, 2000);
         }
 
-        function test_renameInPlace() {
-            makeScreen(["One", "Two"], [[], []]);
+        function test_renameAndDeleteThenUndo() {
+            makeScreen(["One", "Two", "Three"], [["a"], ["b"], ["c"]], 1);
             const title = layers.navigationBar.titleEditor;
             mouseClick(title);
             tryVerify(() => screen.titleEdited);
             // The input bar makes way while the title is edited.
             verify(!layers.inputBar.visible);
             keyClick(Qt.Key_A, Qt.ControlModifier);
+            keyClick(Qt.Key_Backspace);
+            compare(screen.store.listNames[1], "");
+            compare(title.placeholderText, "List Name");
             typeText("Groceries for the week");
-            compare(screen.store.listNames[0], "Groceries for the week");
-            compare(chip(0).text, "Groceries for the week");
-            // Long names step down to 18 points.
+            compare(chip(1).text, "Groceries for the week");
             compare(title.font.pixelSize, 18);
             keyClick(Qt.Key_Return);
             tryVerify(() => !screen.titleEdited);
             verify(layers.inputBar.visible);
-            verify(!title.activeFocus);
 
-            // Clearing the name is allowed; the placeholder shows.
-            mouseClick(title);
-            keyClick(Qt.Key_A, Qt.ControlModifier);
-            keyClick(Qt.Key_Backspace);
-            compare(screen.store.listNames[0], "");
-            compare(title.placeholderText, "List Name");
-            compare(title.font.pixelSize, 21);
-            compare(TestStore.storedListNames()[0], "");
-        }
-
-        function test_deleteListAfterConfirmationThenUndo() {
-            makeScreen(["One", "Two", "Three"], [items(["a"]), items(["b"]), items(["c"])], 1);
+            // "No" keeps the list, "Yes" deletes it, undo brings it back.
             const alert = layers.deleteAlert;
-            mouseClick(button("deleteListButton"));
-            tryCompare(alert, "opened", true);
-            mouseClick(findChild(alert.contentItem, "noButton"));
-            tryCompare(alert, "visible", false);
-            compare(screen.store.listNames, ["One", "Two", "Three"]);
-            verify(!screen.showDeletionConfirmation);
-
-            mouseClick(button("deleteListButton"));
-            tryCompare(alert, "opened", true);
-            mouseClick(findChild(alert.contentItem, "yesButton"));
-            tryCompare(alert, "visible", false);
-            compare(screen.store.listNames, ["One", "Three"]);
-            compare(screen.selectedListIndex, 1);
-            compare(rowTexts(), ["c"]);
-
-            mouseClick(layers.inputBar.undoButton);
-            compare(screen.store.listNames, ["One", "Two", "Three"]);
-            compare(screen.selectedListIndex, 1);
-            tryVerify(() => rowTexts().join() === "b");
-            tryVerify(() => chip(1).selected);
-        }
-
-        function test_theLastListStays() {
-            makeScreen(["Only"], [items(["a"])]);
-            const alert = layers.deleteAlert;
-            mouseClick(button("deleteListButton"));
-            tryCompare(alert, "opened", true);
-            mouseClick(findChild(alert.contentItem, "yesButton"));
-            tryCompare(alert, "visible", false);
-            compare(screen.store.listNames, ["Only"]);
-            verify(!screen.canUndo);
-        }
-
-        function test_chipTapSelectsAndCentres() {
-            const names = [];
-            const lists = [];
-            for (let i = 0; i < 12; ++i) {
-                names.push("List number " + i);
-                lists.push(items(["item of " + i]));
+            for (const answer of ["noButton", "yesButton"]) {
+                mouseClick(findChild(view, "deleteListButton"));
+                tryCompare(alert, "opened", true);
+                mouseClick(findChild(alert.contentItem, answer));
+                tryCompare(alert, "visible", false);
             }
-            makeScreen(names, lists, 0);
-            const flick = layers.header.flickable;
-            compare(flick.contentX, 0);
-            mouseClick(layers.inputBar.entry);
-            tryVerify(() => screen.newItemFieldIsFocused);
-            mouseClick(chip(2));
-            compare(screen.selectedListIndex, 2);
-            compare(rowTexts(), ["item of 2"]);
-            // The keyboard goes away with the switch.
-            tryVerify(() => !screen.newItemFieldIsFocused);
-            // The chip ends up in the middle of the strip.
-            tryVerify(() => {
-                const c = chip(2).mapToItem(flick, chip(2).width / 2, 0).x;
-                return Math.abs(c - flick.width / 2) < 1.5;
-            }, 2000);
-        }
-
-        function test_wheelScrollsTheStrip() {
-            const names = [];
-            for (let i = 0; i < 12; ++i)
-                names.push("List number " + i);
-            makeScreen(names, names.map(() => []), 0);
-            const flick = layers.header.flickable;
-            mouseWheel(flick, 100, 20, 0, -120);
-            tryVerify(() => flick.contentX > 0);
-            for (let i = 0; i < 100; ++i)
-                mouseWheel(flick, 100, 20, 0, -120);
-            // Never past the end.
-            compare(flick.contentX, flick.contentWidth - flick.width);
-            mouseWheel(flick, 100, 20, 0, 120);
-            verify(flick.contentX < flick.contentWidth - flick.width);
-        }
-
-        function test_selectionIsRestoredAndClamped() {
-            makeScreen(["One", "Two"], [items(["a"]), items(["b"])], 7);
-            compare(screen.selectedListIndex, 1);
-            compare(layers.navigationBar.titleEditor.text, "Two");
+            compare(screen.store.listNames, ["One", "Three"]);
+            expectRows("c");
+            mouseClick(layers.inputBar.undoButton);
+            compare(screen.store.listNames, ["One", "Groceries for the week", "Three"]);
+            expectRows("b");
             tryVerify(() => chip(1).selected);
-            verify(!chip(0).selected);
         }
     }
 }
