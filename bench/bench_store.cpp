@@ -5,7 +5,7 @@
 #include "model/ItemsCodec.h"
 #include "model/ListItems.h"
 #include "model/UndoStack.h"
-#include "platform/FilePreferencesStore.h"
+#include "platform/preferences/FilePreferencesStore.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

@@ -2,7 +2,7 @@
 // item and toggling one, each from the input to the next frame presented;
 // and a scripted fling from the top of the list to the bottom, frame by frame.
 #include "platform/FontLoader.h"
-#include "platform/MemoryPreferencesStore.h"
+#include "platform/preferences/MemoryPreferencesStore.h"
 #include "model/ItemsCodec.h"
 #include "model/ListItems.h"
 #include "screen/DisplayedItemsModel.h"

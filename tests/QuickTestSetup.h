@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/FontLoader.h"
-#include "platform/MemoryPreferencesStore.h"
-#include "platform/PreferencesStore.h"
+#include "platform/preferences/MemoryPreferencesStore.h"
+#include "platform/preferences/PreferencesStore.h"
 
 #include <QObject>
 #include <QQmlEngine>

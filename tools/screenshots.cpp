@@ -7,8 +7,8 @@
 #include "model/ItemsCodec.h"
 #include "model/ListItem.h"
 #include "platform/FontLoader.h"
-#include "platform/MemoryPreferencesStore.h"
-#include "platform/PreferencesStore.h"
+#include "platform/preferences/MemoryPreferencesStore.h"
+#include "platform/preferences/PreferencesStore.h"
 
 #include <QDir>
 #include <QElapsedTimer>

@@ -1,6 +1,6 @@
 #include "RatingManager.h"
 
-#include "platform/PreferencesStore.h"
+#include "platform/preferences/PreferencesStore.h"
 #include "platform/ReviewRequester.h"
 #include "platform/UrlOpener.h"
 #include "platform/WriteReviewLink.h"

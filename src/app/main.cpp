@@ -1,7 +1,7 @@
 #include "MurvaneApp.h"
 #include "platform/AppIdentity.h"
 #include "platform/FeedbackdHaptics.h"
-#include "platform/FilePreferencesStore.h"
+#include "platform/preferences/FilePreferencesStore.h"
 #include "platform/FontLoader.h"
 #include "platform/Haptics.h"
 #include "platform/RatingPrompt.h"

@@ -1,7 +1,7 @@
 #include "Appearance.h"
 
 #include "ThemeCatalogue.h"
-#include "platform/PreferencesStore.h"
+#include "platform/preferences/PreferencesStore.h"
 
 #include <QQmlEngine>
 

@@ -1,6 +1,6 @@
 #include "ThemeCatalogue.h"
 
-#include "platform/PreferencesStore.h"
+#include "platform/preferences/PreferencesStore.h"
 
 #include <QHash>
 

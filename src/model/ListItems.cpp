@@ -1,7 +1,7 @@
 #include "ListItems.h"
 
 #include "ItemsCodec.h"
-#include "platform/PreferencesStore.h"
+#include "platform/preferences/PreferencesStore.h"
 
 #include <QCollator>
 #include <QCollatorSortKey>

@@ -5,7 +5,7 @@
 #include "appearance/Appearance.h"
 #include "platform/Haptics.h"
 #include "platform/InAppShareSheet.h"
-#include "platform/PreferencesStore.h"
+#include "platform/preferences/PreferencesStore.h"
 #include "platform/ShareSheet.h"
 #include "platform/WriteReviewOpener.h"
 #include "views/Graphemes.h"

@@ -1,7 +1,7 @@
 #include "RecordingUrlOpener.h"
 #include "app/MurvaneApp.h"
 #include "app/RatingManager.h"
-#include "platform/MemoryPreferencesStore.h"
+#include "platform/preferences/MemoryPreferencesStore.h"
 #include "platform/ReviewRequester.h"
 #include "platform/WriteReviewOpener.h"
 

@@ -1,6 +1,6 @@
 #include "appearance/Appearance.h"
 #include "appearance/ThemeCatalogue.h"
-#include "platform/MemoryPreferencesStore.h"
+#include "platform/preferences/MemoryPreferencesStore.h"
 
 #include <QSignalSpy>
 #include <QTest>

@@ -1,7 +1,7 @@
 #include "model/ItemsCodec.h"
 #include "model/ListItems.h"
-#include "platform/FilePreferencesStore.h"
-#include "platform/MemoryPreferencesStore.h"
+#include "platform/preferences/FilePreferencesStore.h"
+#include "platform/preferences/MemoryPreferencesStore.h"
 
 #include <QSet>
 #include <QSignalSpy>

@@ -1,6 +1,6 @@
 #include "model/ListItems.h"
 #include "model/UndoStack.h"
-#include "platform/MemoryPreferencesStore.h"
+#include "platform/preferences/MemoryPreferencesStore.h"
 
 #include <QTest>
 

@@ -1,4 +1,4 @@
-#include "platform/FilePreferencesStore.h"
+#include "platform/preferences/FilePreferencesStore.h"
 
 #include <QDir>
 #include <QFile>

@@ -2,7 +2,7 @@
 #include "appearance/Appearance.h"
 #include "model/ItemsCodec.h"
 #include "model/ListItem.h"
-#include "platform/PreferencesStore.h"
+#include "platform/preferences/PreferencesStore.h"
 
 #include <QQmlEngine>
 #include <QtQml/qqmlextensionplugin.h>

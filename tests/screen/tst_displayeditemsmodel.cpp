@@ -1,4 +1,4 @@
-#include "platform/MemoryPreferencesStore.h"
+#include "platform/preferences/MemoryPreferencesStore.h"
 #include "screen/DisplayedItemsModel.h"
 
 #include <QAbstractItemModelTester>

@@ -1,7 +1,7 @@
 #include "RecordingHaptics.h"
 #include "RecordingShareSheet.h"
 #include "appearance/Appearance.h"
-#include "platform/MemoryPreferencesStore.h"
+#include "platform/preferences/MemoryPreferencesStore.h"
 #include "platform/WriteReviewOpener.h"
 #include "screen/DisplayedItemsModel.h"
 #include "screen/ScreenState.h"
