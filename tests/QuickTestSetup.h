@@ -1,16 +1,20 @@
 #pragma once
 
+#include "RecordingHaptics.h"
+#include "RecordingUrlOpener.h"
+#include "appearance/Appearance.h"
 #include "platform/FontLoader.h"
+#include "platform/QmlServices.h"
+#include "platform/RatingPrompt.h"
 #include "platform/preferences/MemoryPreferencesStore.h"
-#include "platform/preferences/PreferencesStore.h"
 
 #include <QObject>
 #include <QQmlEngine>
 #include <QQuickStyle>
 
-// Shared set-up of the Qt Quick test runners: the app's module, fonts and
-// style, and a fresh in-memory preferences store so no test touches the
-// user's data.
+// Shared set-up of the Qt Quick test runners, and their composition root:
+// the app's module, fonts and style, and services over a fresh in-memory
+// store and recording doubles, so no test touches the user's data.
 class QuickTestSetup : public QObject
 {
     Q_OBJECT
@@ -21,13 +25,20 @@ public slots:
         // The app renders on its main thread; so do its tests.
         if (qEnvironmentVariableIsEmpty("QSG_RENDER_LOOP"))
             qputenv("QSG_RENDER_LOOP", "basic");
-        PreferencesStore::setStandard(&m_preferences);
         FontLoader::loadBundledFonts();
         QQuickStyle::setStyle(QStringLiteral("Basic"));
     }
-    void qmlEngineAvailable(QQmlEngine *engine) { engine->addImportPath(QStringLiteral("qrc:/qt/qml")); }
-    void cleanupTestCase() { PreferencesStore::setStandard(nullptr); }
+    void qmlEngineAvailable(QQmlEngine *engine)
+    {
+        engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+        QmlServices::provide(*engine, m_appearance);
+        QmlServices::provide(*engine, m_ratingPrompt);
+    }
 
-private:
+protected:
     MemoryPreferencesStore m_preferences;
+    RecordingHaptics m_haptics;
+    RecordingUrlOpener m_urlOpener;
+    Appearance m_appearance{m_preferences};
+    RatingPrompt m_ratingPrompt{m_urlOpener};
 };

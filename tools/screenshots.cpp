@@ -7,8 +7,13 @@
 #include "model/ItemsCodec.h"
 #include "model/ListItem.h"
 #include "platform/FontLoader.h"
+#include "platform/Haptics.h"
+#include "platform/InAppShareSheet.h"
+#include "platform/QmlServices.h"
+#include "platform/WriteReviewOpener.h"
 #include "platform/preferences/MemoryPreferencesStore.h"
 #include "platform/preferences/PreferencesStore.h"
+#include "screen/ScreenState.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -86,9 +91,24 @@ void openMenus(QQuickItem *root)
     QMetaObject::invokeMethod(button, "clicked");
 }
 
-bool shoot(QQmlEngine &engine, const QSize &size, const QString &path, bool withMenu = false)
+// The screen's other services, doing nothing: a picture plays no sound.
+class NoHaptics : public Haptics
+{
+public:
+    void lightImpact() override {}
+    void successNotification() override {}
+};
+
+class NoReviewPage : public WriteReviewOpener
+{
+public:
+    void openWriteReviewPage() override {}
+};
+
+bool shoot(QQmlEngine &engine, ScreenState &screen, const QSize &size, const QString &path, bool withMenu = false)
 {
     QQuickView view(&engine, nullptr);
+    view.setInitialProperties({{QStringLiteral("screen"), QVariant::fromValue(&screen)}});
     view.setResizeMode(QQuickView::SizeRootObjectToView);
     view.setColor(Qt::black);
     view.resize(size);
@@ -128,14 +148,17 @@ int main(int argc, char *argv[])
     }
 
     MemoryPreferencesStore preferences;
-    PreferencesStore::setStandard(&preferences);
+    NoHaptics haptics;
+    InAppShareSheet shareSheet;
+    NoReviewPage reviewPage;
+    Appearance appearance(preferences);
     FontLoader::loadBundledFonts();
     QQuickStyle::setStyle(QStringLiteral("Basic"));
     seed(preferences);
 
     QQmlEngine engine;
     engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
-    Appearance *appearance = Appearance::instance();
+    QmlServices::provide(engine, appearance);
 
     struct Shot
     {
@@ -160,17 +183,18 @@ int main(int argc, char *argv[])
 
     int failures = 0;
     for (const Shot &shot : shots) {
-        appearance->setThemeKey(shot.theme);
-        appearance->setSchemeKey(shot.scheme);
+        appearance.setThemeKey(shot.theme);
+        appearance.setSchemeKey(shot.scheme);
         preferences.setInteger(PreferenceKeys::selectedListIndex, shot.selected);
+        // A fresh screen each time, as at start: it reads the selection.
+        ScreenState screen(preferences, haptics, {appearance, shareSheet, reviewPage});
         const QString path = out.filePath(shot.prefix + shot.theme + QLatin1Char('-') + shot.scheme + QStringLiteral(".png"));
-        if (shoot(engine, shot.size, path, shot.withMenu)) {
+        if (shoot(engine, screen, shot.size, path, shot.withMenu)) {
             QTextStream(stdout) << path << "\n";
         } else {
             err << "failed: " << path << "\n";
             ++failures;
         }
     }
-    PreferencesStore::setStandard(nullptr);
     return failures == 0 ? 0 : 1;
 }

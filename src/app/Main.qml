@@ -11,8 +11,11 @@ ApplicationWindow {
     visible: true
     title: "Murvane"
 
+    required property ScreenState screen
+
     ContentView {
         anchors.fill: parent
+        screen: window.screen
     }
 
     RatingPromptView {

@@ -1,21 +1,18 @@
 #include "MurvaneApp.h"
 
 #include "RatingManager.h"
+#include "appearance/Appearance.h"
+#include "platform/QmlServices.h"
+#include "platform/RatingPrompt.h"
+#include "screen/ScreenState.h"
 
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
 
-MurvaneApp::MurvaneApp(QObject *parent)
-    : MurvaneApp(std::make_unique<RatingManager>(), parent)
-{
-}
-
-MurvaneApp::MurvaneApp(std::unique_ptr<RatingManager> ratingManager, QObject *parent)
+MurvaneApp::MurvaneApp(RatingManager &ratingManager, QObject *parent)
     : QObject(parent)
-    , m_ratingManager(std::move(ratingManager))
+    , m_ratingManager(&ratingManager)
 {
-    // The toolbar's "Rate Murvane!" opens the page through the one manager.
-    WriteReviewOpener::setStandard(m_ratingManager.get());
     if (auto *app = qobject_cast<QGuiApplication *>(QCoreApplication::instance())) {
         // Already active when made (a platform that activates before the
         // first window): that is the initial state, not a change.
@@ -24,16 +21,15 @@ MurvaneApp::MurvaneApp(std::unique_ptr<RatingManager> ratingManager, QObject *pa
     }
 }
 
-MurvaneApp::~MurvaneApp()
-{
-    if (&WriteReviewOpener::standard() == m_ratingManager.get())
-        WriteReviewOpener::setStandard(nullptr);
-}
+MurvaneApp::~MurvaneApp() = default;
 
-bool MurvaneApp::showWindow()
+bool MurvaneApp::showWindow(Appearance &appearance, RatingPrompt &ratingPrompt, ScreenState &screen)
 {
     m_engine = std::make_unique<QQmlApplicationEngine>();
     m_engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+    QmlServices::provide(*m_engine, appearance);
+    QmlServices::provide(*m_engine, ratingPrompt);
+    m_engine->setInitialProperties({{QStringLiteral("screen"), QVariant::fromValue(&screen)}});
     m_engine->load(QUrl(QStringLiteral("qrc:/qt/qml/Murvane/Main.qml")));
     return !m_engine->rootObjects().isEmpty();
 }

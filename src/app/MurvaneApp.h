@@ -3,27 +3,30 @@
 #include <QObject>
 #include <memory>
 
+class Appearance;
 class QQmlApplicationEngine;
 class RatingManager;
+class RatingPrompt;
+class ScreenState;
 
 // The application: its one window, whose whole content is the main screen,
-// and the one RatingManager, kept for the life of the process. Each time
-// the app comes back to the front it considers asking for a review.
+// and its life cycle. Each time the app comes back to the front it
+// considers asking for a review. The services are made by main() and
+// outlive this object.
 class MurvaneApp : public QObject
 {
     Q_OBJECT
 
 public:
-    // Over the standard services; follows QGuiApplication's state.
-    explicit MurvaneApp(QObject *parent = nullptr);
-    // With a given rating manager (tests); takes ownership.
-    explicit MurvaneApp(std::unique_ptr<RatingManager> ratingManager, QObject *parent = nullptr);
+    // Follows QGuiApplication's state when there is one.
+    explicit MurvaneApp(RatingManager &ratingManager, QObject *parent = nullptr);
     ~MurvaneApp() override;
 
     RatingManager &ratingManager() const { return *m_ratingManager; }
 
-    // Builds the window; false when it could not be made.
-    bool showWindow();
+    // Builds the window over the screen, giving QML the app's appearance and
+    // review prompt; false when it could not be made.
+    bool showWindow(Appearance &appearance, RatingPrompt &ratingPrompt, ScreenState &screen);
 
     // The life-cycle handler: called with each new application state. The
     // state the app first shows itself in does not count as a change; each
@@ -33,7 +36,7 @@ public:
 private:
     void considerReview();
 
-    std::unique_ptr<RatingManager> m_ratingManager;
+    RatingManager *m_ratingManager;
     std::unique_ptr<QQmlApplicationEngine> m_engine;
     bool m_shownInitially = false;
 };

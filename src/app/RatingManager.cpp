@@ -8,10 +8,9 @@
 #include <QRegularExpression>
 #include <QTimer>
 
-RatingManager::RatingManager(QObject *parent)
-    : RatingManager(PreferencesStore::standard(), [] { return QDateTime::currentDateTimeUtc(); },
-                    ReviewRequester::standard(), UrlOpener::standard(), parent)
+QDateTime RatingManager::systemClock()
 {
+    return QDateTime::currentDateTimeUtc();
 }
 
 RatingManager::RatingManager(PreferencesStore &preferences, Clock clock, ReviewRequester &requester,

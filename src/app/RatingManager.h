@@ -25,6 +25,7 @@ class RatingManager : public QObject, public WriteReviewOpener
 {
     Q_OBJECT
     QML_ELEMENT
+    QML_UNCREATABLE("Made by the app")
 
     Q_PROPERTY(QString installDateString READ installDateString WRITE setInstallDateString NOTIFY
                    installDateStringChanged)
@@ -37,9 +38,9 @@ public:
     static constexpr qint64 firstPromptDelaySeconds = 1'209'600;  // 14 days
     static constexpr qint64 repromptIntervalSeconds = 10'368'000; // 120 days
 
-    // Over the standard preferences, the system clock, the standard review
-    // request and link opener.
-    explicit RatingManager(QObject *parent = nullptr);
+    // The clock the app runs on: now, in UTC.
+    static QDateTime systemClock();
+
     RatingManager(PreferencesStore &preferences, Clock clock, ReviewRequester &requester, UrlOpener &opener,
                   QObject *parent = nullptr);
 

@@ -1,11 +1,14 @@
 #include "MurvaneApp.h"
+#include "RatingManager.h"
+#include "appearance/Appearance.h"
 #include "platform/AppIdentity.h"
+#include "platform/DesktopUrlOpener.h"
 #include "platform/FeedbackdHaptics.h"
-#include "platform/preferences/FilePreferencesStore.h"
 #include "platform/FontLoader.h"
-#include "platform/Haptics.h"
+#include "platform/InAppShareSheet.h"
 #include "platform/RatingPrompt.h"
-#include "platform/ReviewRequester.h"
+#include "platform/preferences/FilePreferencesStore.h"
+#include "screen/ScreenState.h"
 
 #include <QGuiApplication>
 #include <QQuickStyle>
@@ -26,25 +29,22 @@ int main(int argc, char *argv[])
     if (qEnvironmentVariableIsEmpty("QSG_RENDER_LOOP"))
         qputenv("QSG_RENDER_LOOP", "basic");
     QGuiApplication app(argc, argv);
-
-    // Every platform service is in place before the first view is made.
-    FilePreferencesStore preferences(FilePreferencesStore::defaultDirectory());
-    PreferencesStore::setStandard(&preferences);
-    FeedbackdHaptics haptics;
-    Haptics::setStandard(&haptics);
-    ReviewRequester::setStandard(RatingPrompt::instance());
-
     FontLoader::loadBundledFonts();
     QQuickStyle::setStyle(QStringLiteral("Basic"));
 
-    int code = 1;
-    {
-        MurvaneApp murvane;
-        if (murvane.showWindow())
-            code = app.exec();
-    }
-    ReviewRequester::setStandard(nullptr);
-    Haptics::setStandard(nullptr);
-    PreferencesStore::setStandard(nullptr);
-    return code;
+    // Every service is made here, once, and handed to what uses it. Each is
+    // declared before its users, so it outlives them.
+    FilePreferencesStore preferences(FilePreferencesStore::defaultDirectory());
+    FeedbackdHaptics haptics;
+    DesktopUrlOpener urlOpener;
+    InAppShareSheet shareSheet;
+    Appearance appearance(preferences);
+    RatingPrompt ratingPrompt(urlOpener);
+    RatingManager ratingManager(preferences, &RatingManager::systemClock, ratingPrompt, urlOpener);
+    ScreenState screen(preferences, haptics, {appearance, shareSheet, ratingManager});
+
+    MurvaneApp murvane(ratingManager);
+    if (!murvane.showWindow(appearance, ratingPrompt, screen))
+        return 1;
+    return app.exec();
 }

@@ -1,9 +1,8 @@
 #include "Appearance.h"
 
 #include "ThemeCatalogue.h"
+#include "platform/QmlServices.h"
 #include "platform/preferences/PreferencesStore.h"
-
-#include <QQmlEngine>
 
 Appearance::Appearance(PreferencesStore &preferences, QObject *parent)
     : QObject(parent)
@@ -11,19 +10,9 @@ Appearance::Appearance(PreferencesStore &preferences, QObject *parent)
 {
 }
 
-Appearance *Appearance::instance()
+Appearance *Appearance::create(QQmlEngine *, QJSEngine *engine)
 {
-    // Made on first use, over the store the app has installed by then.
-    static Appearance *appearance = new Appearance(PreferencesStore::standard());
-    return appearance;
-}
-
-Appearance *Appearance::create(QQmlEngine *, QJSEngine *)
-{
-    Appearance *appearance = instance();
-    // Every engine shares the one instance; none of them may delete it.
-    QJSEngine::setObjectOwnership(appearance, QJSEngine::CppOwnership);
-    return appearance;
+    return QmlServices::provided<Appearance>(engine);
 }
 
 QString Appearance::themeKey() const

@@ -36,10 +36,8 @@ class Appearance : public QObject
 public:
     explicit Appearance(PreferencesStore &preferences, QObject *parent = nullptr);
 
-    // The process-wide instance over PreferencesStore::standard(); the QML
-    // singleton is this same object.
-    static Appearance *instance();
-    static Appearance *create(QQmlEngine *, QJSEngine *);
+    // The QML singleton: the appearance the app provided for the engine.
+    static Appearance *create(QQmlEngine *, QJSEngine *engine);
 
     QString themeKey() const;
     void setThemeKey(const QString &raw); // always writes, even when unchanged

@@ -29,11 +29,6 @@ const QStringList &ListItems::defaultListNames()
     return names;
 }
 
-ListItems::ListItems(QObject *parent)
-    : ListItems(PreferencesStore::standard(), parent)
-{
-}
-
 ListItems::ListItems(PreferencesStore &defaults, QObject *parent)
     : QObject(parent)
     , m_defaults(&defaults)

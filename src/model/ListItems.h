@@ -38,8 +38,6 @@ public:
 
     static const QStringList &defaultListNames();
 
-    // Loads from the standard preferences store.
-    explicit ListItems(QObject *parent = nullptr);
     // Loads from the given store, which must outlive this object.
     explicit ListItems(PreferencesStore &defaults, QObject *parent = nullptr);
 

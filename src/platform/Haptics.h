@@ -9,8 +9,4 @@ public:
     virtual ~Haptics();
     virtual void lightImpact() = 0;
     virtual void successNotification() = 0;
-
-    // The process-wide instance; does nothing until the app installs one.
-    static Haptics &standard();
-    static void setStandard(Haptics *haptics);
 };

@@ -1,10 +1,10 @@
 #include "RatingPrompt.h"
 
+#include "QmlServices.h"
 #include "UrlOpener.h"
 #include "WriteReviewLink.h"
 
 #include <QGuiApplication>
-#include <QJSEngine>
 
 RatingPrompt::RatingPrompt(UrlOpener &opener, ForegroundCheck isForeground, QObject *parent)
     : QObject(parent)
@@ -19,17 +19,9 @@ RatingPrompt::RatingPrompt(UrlOpener &opener, ForegroundCheck isForeground, QObj
     }
 }
 
-RatingPrompt *RatingPrompt::instance()
+RatingPrompt *RatingPrompt::create(QQmlEngine *, QJSEngine *engine)
 {
-    static RatingPrompt *prompt = new RatingPrompt(UrlOpener::standard());
-    return prompt;
-}
-
-RatingPrompt *RatingPrompt::create(QQmlEngine *, QJSEngine *)
-{
-    RatingPrompt *prompt = instance();
-    QJSEngine::setObjectOwnership(prompt, QJSEngine::CppOwnership);
-    return prompt;
+    return QmlServices::provided<RatingPrompt>(engine);
 }
 
 void RatingPrompt::requestReview()

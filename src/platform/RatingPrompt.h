@@ -26,10 +26,8 @@ public:
     // By default the app is in front when its application state is active.
     explicit RatingPrompt(UrlOpener &opener, ForegroundCheck isForeground = {}, QObject *parent = nullptr);
 
-    // The process-wide prompt over UrlOpener::standard(); the QML singleton
-    // is this same object.
-    static RatingPrompt *instance();
-    static RatingPrompt *create(QQmlEngine *, QJSEngine *);
+    // The QML singleton: the prompt the app provided for the engine.
+    static RatingPrompt *create(QQmlEngine *, QJSEngine *engine);
 
     bool isShown() const { return m_shown; }
 

@@ -8,8 +8,4 @@ class ReviewRequester
 public:
     virtual ~ReviewRequester();
     virtual void requestReview() = 0;
-
-    // The process-wide instance; does nothing until the app installs one.
-    static ReviewRequester &standard();
-    static void setStandard(ReviewRequester *requester);
 };

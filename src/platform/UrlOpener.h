@@ -12,8 +12,4 @@ public:
     virtual bool canOpen(const QUrl &url) const = 0;
     // Opens the link if something can; otherwise does nothing.
     virtual void open(const QUrl &url) = 0;
-
-    // The process-wide instance: the system's opener unless one is installed.
-    static UrlOpener &standard();
-    static void setStandard(UrlOpener *opener);
 };

@@ -8,16 +8,13 @@ import Murvane
 Item {
     id: root
 
-    readonly property ScreenState screenState: screen
+    // Made by the app (or a test) over its services.
+    required property ScreenState screen
     // The current layer stack (replaced on a theme change).
     readonly property Item layers: loader.item as Item
 
-    ScreenState {
-        id: screen
-    }
-
     Component.onCompleted: {
-        screen.onAppear();
+        root.screen.onAppear();
         buildLayers();
     }
 
@@ -34,11 +31,11 @@ Item {
     }
 
     function buildLayers() {
-        loader.setSource("ContentLayers.qml", { screen: screen });
+        loader.setSource("ContentLayers.qml", { screen: root.screen });
     }
 
     Connections {
-        target: screen
+        target: root.screen
 
         function onThemeRefreshIDChanged() {
             rebuild.start();
@@ -65,8 +62,8 @@ Item {
         padding: 0
         modal: true
         closePolicy: Popup.NoAutoClose
-        visible: screen.showTutorial
-        onClosed: screen.showTutorial = false
+        visible: root.screen.showTutorial
+        onClosed: root.screen.showTutorial = false
 
         enter: Transition {
             NumberAnimation {
@@ -95,6 +92,6 @@ Item {
     // Ctrl+Z outside the text fields (they keep their own undo).
     Shortcut {
         sequence: "Ctrl+Z"
-        onActivated: screen.undoAction()
+        onActivated: root.screen.undoAction()
     }
 }

@@ -10,4 +10,5 @@ struct ForeignListItems
     Q_GADGET
     QML_FOREIGN(ListItems)
     QML_NAMED_ELEMENT(ListItems)
+    QML_UNCREATABLE("Made by the screen")
 };

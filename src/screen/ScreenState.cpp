@@ -4,7 +4,6 @@
 #include "app/KeyboardResponder.h"
 #include "appearance/Appearance.h"
 #include "platform/Haptics.h"
-#include "platform/InAppShareSheet.h"
 #include "platform/preferences/PreferencesStore.h"
 #include "platform/ShareSheet.h"
 #include "platform/WriteReviewOpener.h"
@@ -61,9 +60,9 @@ private:
 struct ScreenState::Private
 {
     PreferencesStore *preferences = nullptr;
-    Haptics *haptics = nullptr; // null: Haptics::standard() at the time of use
+    Haptics *haptics = nullptr;
     Appearance *appearance = nullptr;
-    WriteReviewOpener *reviewOpener = nullptr; // null: WriteReviewOpener::standard()
+    WriteReviewOpener *reviewOpener = nullptr;
     ListItems *store = nullptr;
     KeyboardResponder *keyboard = nullptr;
     DisplayedItemsModel *displayed = nullptr;
@@ -89,7 +88,7 @@ struct ScreenState::Private
     bool selectedEmpty = true;
     QHash<QUuid, double> rotations;
 
-    Haptics &feedback() const { return haptics ? *haptics : Haptics::standard(); }
+    Haptics &feedback() const { return *haptics; }
     bool validSelection() const { return selected >= 0 && selected < store->listCount(); }
     // The selected list's item with this id, by its first occurrence.
     std::optional<ListItems::Positioned> find(const QString &itemId) const
@@ -110,18 +109,6 @@ struct ScreenState::Private
     }
 };
 
-ScreenState::ScreenState(QObject *parent)
-    : ScreenState(PreferencesStore::standard(), Haptics::standard(), Services{}, parent)
-{
-    // The app may install its haptics after the screen is built.
-    d->haptics = nullptr;
-}
-
-ScreenState::ScreenState(PreferencesStore &preferences, Haptics &haptics, QObject *parent)
-    : ScreenState(preferences, haptics, Services{}, parent)
-{
-}
-
 ScreenState::ScreenState(PreferencesStore &preferences, Haptics &haptics, const Services &services,
                          QObject *parent)
     : QObject(parent)
@@ -129,11 +116,11 @@ ScreenState::ScreenState(PreferencesStore &preferences, Haptics &haptics, const 
 {
     d->preferences = &preferences;
     d->haptics = &haptics;
-    d->appearance = services.appearance ? services.appearance : Appearance::instance();
-    d->reviewOpener = services.reviewOpener;
+    d->appearance = &services.appearance;
+    d->reviewOpener = &services.reviewOpener;
     d->store = new ListItems(preferences, this);
     d->keyboard = new KeyboardResponder(this);
-    d->shareSheet = services.shareSheet ? services.shareSheet : new InAppShareSheet(this);
+    d->shareSheet = &services.shareSheet;
     d->selected = preferences.integer(PreferenceKeys::selectedListIndex).value_or(PreferenceKeys::defaultSelectedListIndex);
     d->displayed = new DisplayedItemsModel(d->store, this);
     d->displayed->setListIndex(d->selected);
@@ -620,7 +607,7 @@ void ScreenState::chooseTheme(const QString &rawValue)
 
 void ScreenState::openWriteReviewPage()
 {
-    (d->reviewOpener ? *d->reviewOpener : WriteReviewOpener::standard()).openWriteReviewPage();
+    d->reviewOpener->openWriteReviewPage();
 }
 
 void ScreenState::onShowTutorial()

@@ -24,6 +24,7 @@ class ScreenState : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
+    QML_UNCREATABLE("Made by the app and passed to ContentView")
 
     Q_PROPERTY(ListItems *store READ store CONSTANT)
     Q_PROPERTY(KeyboardResponder *keyboardResponder READ keyboardResponder CONSTANT)
@@ -57,19 +58,15 @@ class ScreenState : public QObject
     Q_PROPERTY(bool canUndo READ canUndo NOTIFY undoStackChanged)
 
 public:
-    // The services the screen talks to besides the store; a null member
-    // means the app's own (Appearance::instance(), an in-app share sheet
-    // owned by the screen, WriteReviewOpener::standard()).
+    // The services the screen talks to besides the store. Each must
+    // outlive the screen.
     struct Services
     {
-        Appearance *appearance = nullptr;
-        ShareSheet *shareSheet = nullptr;
-        WriteReviewOpener *reviewOpener = nullptr;
+        Appearance &appearance;
+        ShareSheet &shareSheet;
+        WriteReviewOpener &reviewOpener;
     };
 
-    // Uses the standard preferences store and haptics.
-    explicit ScreenState(QObject *parent = nullptr);
-    ScreenState(PreferencesStore &preferences, Haptics &haptics, QObject *parent = nullptr);
     ScreenState(PreferencesStore &preferences, Haptics &haptics, const Services &services,
                 QObject *parent = nullptr);
     ~ScreenState() override;

@@ -1,8 +1,11 @@
+#include "CountingReviewOpener.h"
 #include "QuickTestSetup.h"
+#include "RecordingShareSheet.h"
 #include "appearance/Appearance.h"
 #include "model/ItemsCodec.h"
 #include "model/ListItem.h"
 #include "platform/preferences/PreferencesStore.h"
+#include "screen/ScreenState.h"
 
 #include <QQmlEngine>
 #include <QtQml/qqmlextensionplugin.h>
@@ -11,22 +14,25 @@
 Q_IMPORT_QML_PLUGIN(MurvanePlugin)
 
 // The Qt Quick test set-up, also `TestStore` in QML: it lets the tests start
-// every case from a known store.
+// every case from a known store, and makes the screens they show.
 class ScreenQuickSetup : public QuickTestSetup
 {
     Q_OBJECT
 
 public:
+    // The screens go before the services they use.
+    ~ScreenQuickSetup() override { qDeleteAll(findChildren<ScreenState *>(Qt::FindDirectChildrenOnly)); }
+
     // Empties the standard store and puts theme and scheme back to their
     // defaults, so the next screen starts as on a first launch.
     Q_INVOKABLE void reset()
     {
-        PreferencesStore &store = PreferencesStore::standard();
+        PreferencesStore &store = m_preferences;
         for (const QString &key : {PreferenceKeys::listNames, PreferenceKeys::items, PreferenceKeys::selectedListIndex,
                                    PreferenceKeys::appColorScheme, PreferenceKeys::selectedThemeKey})
             store.remove(key);
-        Appearance::instance()->setThemeKey(PreferenceKeys::defaultSelectedThemeKey);
-        Appearance::instance()->setSchemeKey(PreferenceKeys::defaultAppColorScheme);
+        m_appearance.setThemeKey(PreferenceKeys::defaultSelectedThemeKey);
+        m_appearance.setSchemeKey(PreferenceKeys::defaultAppColorScheme);
     }
 
     // Writes lists as the app stores them: one array of texts per name,
@@ -46,10 +52,19 @@ public:
             }
             items.append(entries);
         }
-        PreferencesStore &store = PreferencesStore::standard();
+        PreferencesStore &store = m_preferences;
         store.setStringList(PreferenceKeys::listNames, names);
         store.setData(PreferenceKeys::items, ItemsCodec::encode(items));
         store.setInteger(PreferenceKeys::selectedListIndex, selected);
+    }
+
+    // A screen over the store as it stands, as the app makes one at start.
+    // It lives as long as the set-up, past the view that shows it.
+    Q_INVOKABLE ScreenState *newScreen()
+    {
+        auto *screen = new ScreenState(m_preferences, m_haptics, {m_appearance, m_shareSheet, m_reviewOpener}, this);
+        QJSEngine::setObjectOwnership(screen, QJSEngine::CppOwnership);
+        return screen;
     }
 
 public slots:
@@ -58,6 +73,10 @@ public slots:
         QuickTestSetup::qmlEngineAvailable(engine);
         qmlRegisterSingletonInstance("MurvaneTest", 1, 0, "TestStore", this);
     }
+
+private:
+    RecordingShareSheet m_shareSheet;
+    CountingReviewOpener m_reviewOpener;
 };
 
 QUICK_TEST_MAIN_WITH_SETUP(screen_quick, ScreenQuickSetup)

@@ -1,8 +1,8 @@
+#include "CountingReviewOpener.h"
 #include "RecordingHaptics.h"
 #include "RecordingShareSheet.h"
 #include "appearance/Appearance.h"
 #include "platform/preferences/MemoryPreferencesStore.h"
-#include "platform/WriteReviewOpener.h"
 #include "screen/DisplayedItemsModel.h"
 #include "screen/ScreenState.h"
 
@@ -11,13 +11,6 @@
 #include <functional>
 
 namespace {
-
-class CountingOpener : public WriteReviewOpener
-{
-public:
-    void openWriteReviewPage() override { ++opened; }
-    int opened = 0;
-};
 
 QString idText(const QUuid &id)
 {
@@ -41,7 +34,7 @@ struct Screen
             prefs.setRawForTest(PreferenceKeys::selectedListIndex, storedIndex);
         if (!scheme.isEmpty())
             prefs.setString(PreferenceKeys::appColorScheme, scheme);
-        state = std::make_unique<ScreenState>(prefs, haptics, ScreenState::Services{&appearance, &sheet, &opener});
+        state = std::make_unique<ScreenState>(prefs, haptics, ScreenState::Services{appearance, sheet, opener});
         state->onAppear();
         haptics.clear();
         prefs.resetWriteLog();
@@ -98,7 +91,7 @@ struct Screen
     RecordingHaptics haptics;
     Appearance appearance{prefs};
     RecordingShareSheet sheet;
-    CountingOpener opener;
+    CountingReviewOpener opener;
     std::unique_ptr<ScreenState> state;
 };
 

@@ -55,21 +55,3 @@ void PreferencesStore::setString(const QString &key, const QString &value)
 {
     setRawValue(key, QVariant::fromValue(value));
 }
-
-namespace {
-PreferencesStore *g_standard = nullptr;
-}
-
-PreferencesStore &PreferencesStore::standard()
-{
-    if (!g_standard) {
-        static MemoryPreferencesStore fallback;
-        g_standard = &fallback;
-    }
-    return *g_standard;
-}
-
-void PreferencesStore::setStandard(PreferencesStore *store)
-{
-    g_standard = store;
-}

@@ -27,12 +27,6 @@ public:
     bool contains(const QString &key) const { return rawValue(key).isValid(); }
     virtual void remove(const QString &key) = 0;
 
-    // The process-wide store, like a platform's "standard user defaults".
-    // The app installs a file-backed store at start; until then (and in
-    // tests that do not install one) it is an in-memory store.
-    static PreferencesStore &standard();
-    static void setStandard(PreferencesStore *store);
-
 protected:
     virtual QVariant rawValue(const QString &key) const = 0;
     virtual void setRawValue(const QString &key, const QVariant &value) = 0;

@@ -11,7 +11,7 @@ TestCase {
     required property Item scene
 
     property ContentView view: null
-    readonly property ScreenState screen: view ? view.screenState : null
+    readonly property ScreenState screen: view ? view.screen : null
     readonly property ContentLayers layers: view ? view.layers as ContentLayers : null
     // Rows for tests that run once with the mouse and once with a finger.
     readonly property var pointers: [{ tag: "mouse", touch: false }, { tag: "touch", touch: true }]
@@ -31,7 +31,7 @@ TestCase {
     function makeScreen(names, lists, selected) {
         TestStore.reset();
         TestStore.seed(names, lists, selected || 0);
-        view = createTemporaryObject(contentComponent, scene);
+        view = createTemporaryObject(contentComponent, scene, { screen: TestStore.newScreen() });
         verify(view);
         tryVerify(() => tc.layers !== null);
         waitForRendering(view);
