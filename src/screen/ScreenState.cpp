@@ -1,13 +1,13 @@
 #include "ScreenState.h"
 
 #include "DisplayedItemsModel.h"
-#include "app/KeyboardResponder.h"
 #include "appearance/Appearance.h"
+#include "model/Graphemes.h"
 #include "platform/Haptics.h"
+#include "platform/KeyboardResponder.h"
 #include "platform/preferences/PreferencesStore.h"
 #include "platform/ShareSheet.h"
 #include "platform/WriteReviewOpener.h"
-#include "views/Graphemes.h"
 #include "views/ShareText.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "ShareText.h"
 
-#include "Graphemes.h"
+#include "model/Graphemes.h"
 #include "model/ListItems.h"
 
 #include <QStringList>

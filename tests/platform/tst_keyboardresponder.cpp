@@ -1,4 +1,4 @@
-#include "app/KeyboardResponder.h"
+#include "platform/KeyboardResponder.h"
 
 #include <QGuiApplication>
 #include <QInputMethod>

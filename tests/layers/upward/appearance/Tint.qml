@@ -1,0 +1,2 @@
+// ContentView in a comment is no use.
+Item { ContentView {} }
