@@ -11,6 +11,9 @@
 #include "model/ItemsCodec.h"
 #include "model/ListItems.h"
 #include "screen/DisplayedItemsModel.h"
+#include "screen/InputBar.h"
+#include "screen/ListNavigation.h"
+#include "screen/RowActions.h"
 #include "screen/ScreenState.h"
 
 #include <QElapsedTimer>
@@ -138,12 +141,12 @@ int main(int argc, char **argv)
         settle(&view, 50);
     }
     for (int i = 0; i < reps; ++i) {
-        screen->selectList(0);
+        screen->lists()->chooseList(0);
         settle(&view);
         switchMs.push_back(timeToFrame(&view, [&] {
             QElapsedTimer call;
             call.start();
-            screen->selectList(1);
+            screen->lists()->chooseList(1);
             switchCallMs.push_back(double(call.nsecsElapsed()) / 1e6);
         }));
         settle(&view);
@@ -151,15 +154,15 @@ int main(int argc, char **argv)
     for (int i = 0; i < reps; ++i) {
         const QString id = ItemsCodec::uuidText(screen->displayedItems()->itemAt(3 + i % 5)->id);
         toggleMs.push_back(timeToFrame(&view, [&] {
-            screen->onTapDone(id);
-            screen->toggleState(id);
+            screen->rows()->turnDoneMarker(id);
+            screen->rows()->toggleState(id);
         }));
         settle(&view);
     }
     for (int i = 0; i < reps; ++i) {
         addMs.push_back(timeToFrame(&view, [&] {
-            screen->setNewItem(QStringLiteral("Added while measuring %1").arg(i));
-            screen->addOrUpdateAction();
+            screen->inputBar()->setNewItem(QStringLiteral("Added while measuring %1").arg(i));
+            screen->inputBar()->addOrUpdate();
         }));
         settle(&view, 150, 1500);
     }

@@ -21,16 +21,21 @@ Item {
     readonly property DeleteListAlert deleteAlert: deleteAlert
 
     Connections {
-        target: stack.screen
+        target: stack.screen.inputBar
 
         function onScrollToItem(itemId) {
             itemList.revealItem(itemId);
         }
+    }
+
+    Connections {
+        target: stack.screen.lists
+
         function onScrollHeaderToSelected(durationMs) {
             header.scrollToSelected(durationMs);
         }
         function onShowDeletionConfirmationChanged() {
-            if (stack.screen.showDeletionConfirmation)
+            if (stack.screen.lists.showDeletionConfirmation)
                 deleteAlert.open();
             else
                 deleteAlert.close();
@@ -99,8 +104,8 @@ Item {
             Layout.bottomMargin: 12
             listNames: stack.screen.store.listNames
             // The tools of Qt 6.4 do not know 64-bit integer properties.
-            selectedIndex: stack.screen.selectedListIndex // qmllint disable type
-            onChipTapped: index => stack.screen.selectList(index)
+            selectedIndex: stack.screen.lists.selectedListIndex // qmllint disable type
+            onChipTapped: index => stack.screen.lists.chooseList(index)
         }
 
         Item {
@@ -113,7 +118,7 @@ Item {
                 objectName: "itemList"
                 anchors.fill: parent
                 screen: stack.screen
-                opacity: stack.screen.isSelectedListEmpty ? 0 : 1
+                opacity: stack.screen.lists.isSelectedListEmpty ? 0 : 1
                 visible: opacity > 0
 
                 Behavior on opacity {
@@ -129,7 +134,7 @@ Item {
 
                 objectName: "emptyArea"
                 anchors.fill: parent
-                opacity: stack.screen.isSelectedListEmpty ? 1 : 0
+                opacity: stack.screen.lists.isSelectedListEmpty ? 1 : 0
                 visible: opacity > 0
 
                 Behavior on opacity {
@@ -152,8 +157,8 @@ Item {
                 MouseArea {
                     objectName: "emptyAreaTapLayer"
                     anchors.fill: parent
-                    enabled: stack.screen.newItemFieldIsFocused
-                    onClicked: stack.screen.newItemFieldIsFocused = false
+                    enabled: stack.screen.inputBar.newItemFieldIsFocused
+                    onClicked: stack.screen.inputBar.newItemFieldIsFocused = false
                 }
             }
         }
@@ -163,16 +168,16 @@ Item {
 
             objectName: "inputBar"
             Layout.fillWidth: true
-            visible: !stack.screen.titleEdited
-            newItem: stack.screen.newItem
-            newItemFieldIsFocused: stack.screen.newItemFieldIsFocused
-            editingItemId: stack.screen.editingItemId
-            showBullet: stack.screen.showBullet
-            bulletOffset: stack.screen.bulletOffset
-            onNewItemEdited: text => stack.screen.newItem = text
-            onFieldFocusEdited: focused => stack.screen.newItemFieldIsFocused = focused
-            onAddOrUpdateAction: stack.screen.addOrUpdateAction()
-            onUndoAction: stack.screen.undoAction()
+            visible: !stack.screen.lists.titleEdited
+            newItem: stack.screen.inputBar.newItem
+            newItemFieldIsFocused: stack.screen.inputBar.newItemFieldIsFocused
+            editingItemId: stack.screen.inputBar.editingItemId
+            showBullet: stack.screen.inputBar.showBullet
+            bulletOffset: stack.screen.inputBar.bulletOffset
+            onNewItemEdited: text => stack.screen.inputBar.newItem = text
+            onFieldFocusEdited: focused => stack.screen.inputBar.newItemFieldIsFocused = focused
+            onAddOrUpdateAction: stack.screen.inputBar.addOrUpdate()
+            onUndoAction: stack.screen.sortAndUndo.undo()
         }
 
         BottomToolbarView {
@@ -183,11 +188,11 @@ Item {
             Layout.preferredHeight: 44
             rotateMoon: stack.screen.rotateMoon
             onToggleColorScheme: stack.screen.toggleColorScheme()
-            onSortToggle: stack.screen.onSortToggle()
-            onSortByText: stack.screen.onSortByText()
+            onSortToggle: stack.screen.sortAndUndo.sortByStatus()
+            onSortByText: stack.screen.sortAndUndo.sortByText()
             onRateApp: stack.screen.openWriteReviewPage()
-            onShowTutorial: stack.screen.onShowTutorial()
-            onResetDots: stack.screen.resetDots()
+            onShowTutorial: stack.screen.openTutorial()
+            onResetDots: stack.screen.sortAndUndo.markAllToDo()
             onChooseTheme: rawValue => stack.screen.chooseTheme(rawValue)
             onShare: stack.screen.share()
         }
@@ -202,7 +207,7 @@ Item {
         id: deleteAlert
 
         objectName: "deleteAlert"
-        onConfirmed: stack.screen.confirmDeleteList()
-        onClosed: stack.screen.showDeletionConfirmation = false
+        onConfirmed: stack.screen.lists.deleteSelectedList()
+        onClosed: stack.screen.lists.showDeletionConfirmation = false
     }
 }

@@ -14,7 +14,7 @@ Item {
     readonly property Item layers: loader.item as Item
 
     Component.onCompleted: {
-        root.screen.onAppear();
+        root.screen.appear();
         buildLayers();
     }
 
@@ -92,6 +92,6 @@ Item {
     // Ctrl+Z outside the text fields (they keep their own undo).
     Shortcut {
         sequence: "Ctrl+Z"
-        onActivated: root.screen.undoAction()
+        onActivated: root.screen.sortAndUndo.undo()
     }
 }

@@ -38,8 +38,28 @@ public:
     // selection shows no change at all. Holds nest.
     void holdUpdates();
     void releaseUpdates();
-    // Set by the screen when a marker's angle changes.
+    // The turn of an item's done-marker in degrees, 0 when never set. The
+    // angles are kept here only, for every list's items.
+    double rotationAngle(const QUuid &id) const { return m_angles.value(id, 0.0); }
     void setRotationAngle(const QUuid &id, double degrees);
+
+    // Holds the rows for the length of an operation, so the view sees one
+    // change: the list as it stands once the selection has followed.
+    class Hold
+    {
+    public:
+        explicit Hold(DisplayedItemsModel &model)
+            : m_model(model)
+        {
+            m_model.holdUpdates();
+        }
+        ~Hold() { m_model.releaseUpdates(); }
+        Hold(const Hold &) = delete;
+        Hold &operator=(const Hold &) = delete;
+
+    private:
+        DisplayedItemsModel &m_model;
+    };
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;

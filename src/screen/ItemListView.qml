@@ -64,7 +64,7 @@ ListView {
         interactive = true;
         autoScroll.stop();
         if (drop && from >= 0 && gap !== from && gap !== from + 1)
-            screen.moveDisplayedRow(from, gap);
+            screen.rows.moveDisplayedRow(from, gap);
     }
 
     clip: true
@@ -83,7 +83,7 @@ ListView {
         anchors.fill: parent
         z: 10
         enabled: list.screen.keyboardResponder.isKeyboardShown
-        onClicked: list.screen.newItemFieldIsFocused = false
+        onClicked: list.screen.inputBar.newItemFieldIsFocused = false
     }
 
     // Scrolls while a dragged row is held near the top or bottom edge.
@@ -186,11 +186,11 @@ ListView {
             }
         }
 
-        onTapDone: list.screen.onTapDone(itemId)
-        onToggleState: list.screen.toggleState(itemId)
-        onEditingAction: list.screen.editingAction(itemId)
-        onPinAction: list.screen.pinAction(itemId)
-        onDeleteAction: list.screen.deleteAction(itemId)
+        onTapDone: list.screen.rows.turnDoneMarker(itemId)
+        onToggleState: list.screen.rows.toggleState(itemId)
+        onEditingAction: list.screen.rows.edit(itemId)
+        onPinAction: list.screen.rows.togglePin(itemId)
+        onDeleteAction: list.screen.rows.deleteItem(itemId)
 
         onPressAndHold: {
             list.beginDrag(index, height, pointer.point.scenePosition.y);

@@ -25,8 +25,8 @@ Item {
             height: parent.height
             padding: 5
             text: "Move List Left"
-            enabled: root.screen.canMoveListLeft
-            onClicked: root.screen.moveListLeft()
+            enabled: root.screen.lists.canMoveListLeft
+            onClicked: root.screen.lists.moveListLeft()
 
             contentItem: Row {
                 spacing: 0.1
@@ -55,7 +55,7 @@ Item {
             leftPadding: 10
             rightPadding: 10
             text: "Delete List"
-            onClicked: root.screen.requestDeleteList()
+            onClicked: root.screen.lists.askToDeleteList()
 
             contentItem: SymbolIcon {
                 name: "minus"
@@ -73,11 +73,11 @@ Item {
         // The middle keeps clear of the wider side.
         width: Math.max(0, parent.width - 2 * (Math.max(leading.width, trailing.width) + 16))
         height: parent.height
-        title: root.screen.currentListName
-        pointSize: root.screen.titlePointSize(root.screen.currentListName)
-        onTitleChange: text => root.screen.onTitleChange(text)
-        onTitleEditingChanged: editing => root.screen.onTitleEditingChanged(editing)
-        onTitleCommit: root.screen.onTitleCommit()
+        title: root.screen.lists.currentListName
+        pointSize: root.screen.lists.titlePointSize(root.screen.lists.currentListName)
+        onTitleChange: text => root.screen.lists.renameSelectedList(text)
+        onTitleEditingChanged: editing => root.screen.lists.setTitleEditing(editing)
+        onTitleCommit: root.screen.lists.setTitleEditing(false)
     }
 
     Row {
@@ -94,7 +94,7 @@ Item {
             leftPadding: 10
             rightPadding: 10
             text: "New List"
-            onClicked: root.screen.newList()
+            onClicked: root.screen.lists.addList()
 
             contentItem: SymbolIcon {
                 name: "plus"
@@ -108,8 +108,8 @@ Item {
             height: parent.height
             padding: 5
             text: "Move List Right"
-            enabled: root.screen.canMoveListRight
-            onClicked: root.screen.moveListRight()
+            enabled: root.screen.lists.canMoveListRight
+            onClicked: root.screen.lists.moveListRight()
 
             contentItem: Row {
                 spacing: 0.1

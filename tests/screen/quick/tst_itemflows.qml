@@ -18,13 +18,13 @@ Item {
             const bar = layers.inputBar;
             tryCompare(layers.emptyArea, "opacity", 1);
             mouseClick(bar.entry);
-            tryVerify(() => screen.newItemFieldIsFocused);
+            tryVerify(() => screen.inputBar.newItemFieldIsFocused);
             tap(layers.emptyArea);
             tryVerify(() => !bar.entry.entryActiveFocus);
             // The entry grows with its text, up to 150.
-            screen.newItem = Array(30).fill("line").join("\n");
+            screen.inputBar.newItem = Array(30).fill("line").join("\n");
             tryCompare(bar.entry, "height", 150);
-            screen.newItem = "";
+            screen.inputBar.newItem = "";
             tryCompare(bar.entry, "height", 36);
 
             mouseClick(bar.entry);
@@ -39,13 +39,13 @@ Item {
             tryVerify(() => bar.bullet.x === 0 && bar.bullet.opacity === 0, 2000);
             verify(bar.entry.entryActiveFocus);
             keyClick(Qt.Key_Escape);
-            tryVerify(() => !screen.newItemFieldIsFocused);
+            tryVerify(() => !screen.inputBar.newItemFieldIsFocused);
 
             mouseClick(bar.entry);
             screen.keyboardResponder.keyboardWillShow();
             tap(row(0).content.textBox);
-            tryVerify(() => !screen.newItemFieldIsFocused);
-            compare(screen.editingItemId, "");
+            tryVerify(() => !screen.inputBar.newItemFieldIsFocused);
+            compare(screen.inputBar.editingItemId, "");
             screen.keyboardResponder.keyboardWillHide();
 
             tap(row(0).content.textBox, true);
@@ -130,7 +130,7 @@ Item {
             makeScreen(["Home"], [["+b", "c", "+a", "d"]]);
             // A tap between a short text and the marker does nothing.
             tap(row(0));
-            compare(screen.editingItemId, "");
+            compare(screen.inputBar.editingItemId, "");
             expectRows("+b,c,+a,d");
             mouseClick(findChild(view, "sortTextButton"));
             expectRows("+a,+b,c,d");

@@ -29,10 +29,10 @@ Item {
             compare(flick.contentX, 0);
 
             mouseClick(layers.inputBar.entry);
-            tryVerify(() => screen.newItemFieldIsFocused);
+            tryVerify(() => screen.inputBar.newItemFieldIsFocused);
             mouseClick(chip(2));
             expectRows("in List number 2");
-            tryVerify(() => !screen.newItemFieldIsFocused);
+            tryVerify(() => !screen.inputBar.newItemFieldIsFocused);
             tryVerify(() => Math.abs(chip(2).mapToItem(flick, chip(2).width / 2, 0).x - flick.width / 2) < 1.5, 2000);
 
             mouseClick(findChild(view, "moveLeftButton"));
@@ -54,7 +54,7 @@ Item {
             makeScreen(["One", "Two", "Three"], [["a"], ["b"], ["c"]], 1);
             const title = layers.navigationBar.titleEditor;
             mouseClick(title);
-            tryVerify(() => screen.titleEdited);
+            tryVerify(() => screen.lists.titleEdited);
             // The input bar makes way while the title is edited.
             verify(!layers.inputBar.visible);
             keyClick(Qt.Key_A, Qt.ControlModifier);
@@ -65,7 +65,7 @@ Item {
             compare(chip(1).text, "Groceries for the week");
             compare(title.font.pixelSize, 18);
             keyClick(Qt.Key_Return);
-            tryVerify(() => !screen.titleEdited);
+            tryVerify(() => !screen.lists.titleEdited);
             verify(layers.inputBar.visible);
 
             // "No" keeps the list, "Yes" deletes it, undo brings it back.

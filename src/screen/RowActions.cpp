@@ -1,0 +1,141 @@
+#include "RowActions.h"
+
+#include "DisplayedItemsModel.h"
+#include "InputBar.h"
+#include "ListNavigation.h"
+#include "SortAndUndo.h"
+#include "platform/Haptics.h"
+
+#include <algorithm>
+
+RowActions::RowActions(const ScreenContext &context, ListNavigation &lists, SortAndUndo &undo, InputBar &input,
+                       QObject *parent)
+    : QObject(parent)
+    , m_context(context)
+    , m_lists(lists)
+    , m_undo(undo)
+    , m_input(input)
+{
+}
+
+std::optional<ListItems::Positioned> RowActions::find(const QString &itemId) const
+{
+    const QUuid id = QUuid::fromString(itemId);
+    if (id.isNull() || !m_lists.isValidSelection())
+        return std::nullopt;
+    const qint64 list = m_lists.selectedListIndex();
+    const qsizetype p = m_context.store.positionOf(list, id);
+    if (p < 0)
+        return std::nullopt;
+    return ListItems::Positioned{p, m_context.store.items()[list][p]};
+}
+
+QList<ListItems::Positioned> RowActions::displayOrder() const
+{
+    ListItems::Partition parts = m_context.store.partition(m_lists.selectedListIndex());
+    parts.pinned.append(std::move(parts.unpinned));
+    return std::move(parts.pinned);
+}
+
+double RowActions::rotationAngle(const QString &itemId) const
+{
+    return m_context.displayed.rotationAngle(QUuid::fromString(itemId));
+}
+
+void RowActions::turnDoneMarker(const QString &itemId)
+{
+    const auto found = find(itemId);
+    if (!found)
+        return;
+    const QUuid id = found->item.id;
+    m_context.displayed.setRotationAngle(id, m_context.displayed.rotationAngle(id) + 180.0);
+    if (found->item.isDone())
+        m_context.haptics.lightImpact();
+    else
+        m_context.haptics.successNotification();
+}
+
+void RowActions::toggleState(const QString &itemId)
+{
+    const auto found = find(itemId);
+    if (!found)
+        return;
+    m_context.store.setState(found->item.isDone() ? ListItemState::toDo : ListItemState::done, found->item.id,
+                             m_lists.selectedListIndex());
+}
+
+void RowActions::edit(const QString &itemId)
+{
+    if (const auto found = find(itemId))
+        m_input.startEditing(found->item);
+}
+
+void RowActions::togglePin(const QString &itemId)
+{
+    const auto found = find(itemId);
+    if (!found)
+        return;
+    m_context.store.setPinned(!found->item.isPinned, found->item.id, m_lists.selectedListIndex());
+    m_context.haptics.lightImpact();
+}
+
+void RowActions::deleteItem(const QString &itemId)
+{
+    const auto found = find(itemId);
+    if (!found)
+        return;
+    const qint64 list = m_lists.selectedListIndex();
+    m_undo.record(UndoActions::DeleteItem{list, found->position, found->item});
+    m_context.store.deleteItems({found->position}, list);
+    m_context.haptics.lightImpact();
+}
+
+void RowActions::deleteDisplayedRows(const QList<int> &offsets)
+{
+    QList<int> ascending = offsets;
+    std::sort(ascending.begin(), ascending.end());
+    ascending.erase(std::unique(ascending.begin(), ascending.end()), ascending.end());
+    const qint64 list = m_lists.selectedListIndex();
+    for (int offset : ascending) {
+        // Each offset is read against the rows as they stand after the
+        // deletions before it. One that has run past the end is skipped.
+        const QList<ListItems::Positioned> rows = displayOrder();
+        if (offset < 0 || offset >= rows.size() || !m_lists.isValidSelection())
+            continue;
+        const ListItem item = rows[offset].item;
+        const qsizetype p = m_context.store.positionOf(list, item.id);
+        if (p < 0)
+            continue;
+        m_undo.record(UndoActions::DeleteItem{list, p, item});
+        m_context.store.deleteItems({p}, list);
+    }
+}
+
+void RowActions::moveDisplayedRow(int from, int destination)
+{
+    if (!m_lists.isValidSelection())
+        return;
+    const qint64 list = m_lists.selectedListIndex();
+    const QList<ListItems::Positioned> rows = displayOrder();
+    const int n = int(rows.size());
+    if (from < 0 || from >= n || destination < 0 || destination > n)
+        return;
+    if (destination == from || destination == from + 1)
+        return; // dropped where it was
+    // The store moves by stored position and keeps pinned items at the head,
+    // where the rows show them. A list that is not in that order (an undo
+    // may put an item back inside the other block) is first stored in the
+    // order shown, which the user cannot tell apart, so the drop lands
+    // where it was aimed.
+    bool inDisplayOrder = true;
+    for (int k = 0; k < n && inDisplayOrder; ++k)
+        inDisplayOrder = rows[k].position == k;
+    if (!inDisplayOrder) {
+        ItemList shown;
+        shown.reserve(n);
+        for (const ListItems::Positioned &row : rows)
+            shown.append(row.item);
+        m_context.store.replaceList(list, shown);
+    }
+    m_context.store.moveItems({from}, destination, list);
+}

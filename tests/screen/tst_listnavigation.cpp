@@ -1,0 +1,154 @@
+#include "ScreenRig.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+class TestListNavigation : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void startUpClampsTheStoredSelection_data()
+    {
+        QTest::addColumn<QStringList>("names");
+        QTest::addColumn<QVariant>("stored");
+        QTest::addColumn<qint64>("selected");
+        const QStringList three{"Home", "Work", "Trip"};
+        QTest::newRow("valid") << three << QVariant(qint64(1)) << qint64(1);
+        QTest::newRow("beyond last") << three << QVariant(qint64(7)) << qint64(2);
+        QTest::newRow("negative") << three << QVariant(qint64(-3)) << qint64(0);
+        QTest::newRow("wrong type") << three << QVariant(QStringLiteral("2")) << qint64(0);
+        QTest::newRow("absent") << three << QVariant() << qint64(0);
+        QTest::newRow("no lists") << QStringList() << QVariant(qint64(4)) << qint64(0);
+    }
+    void startUpClampsTheStoredSelection()
+    {
+        QFETCH(QStringList, names);
+        QFETCH(QVariant, stored);
+        QFETCH(qint64, selected);
+        Screen s(names, stored);
+        QCOMPARE(s.lists().selectedListIndex(), selected);
+        QCOMPARE(s.lists().currentListName(), names.value(selected));
+        // Whatever is shown is what the next start finds.
+        if (stored.typeId() == QMetaType::LongLong)
+            QCOMPARE(s.storedIndex(), selected);
+    }
+
+    void newMoveRenameAndSelectLists()
+    {
+        Screen s(QStringList{"Home", "Work"}, QVariant(qint64(1)));
+        s.add("milk");
+        QSignalSpy header(&s.lists(), &ListNavigation::scrollHeaderToSelected);
+        s.lists().addList();
+        QCOMPARE(s.store().listNames(), (QStringList{"New List", "Home", "Work"}));
+        QCOMPARE(s.storedIndex(), qint64(0));
+        QVERIFY(s.lists().isSelectedListEmpty());
+        QVERIFY(!s.lists().canMoveListLeft());
+        QCOMPARE(header.last()[0].toInt(), 500);
+
+        // A chip tap selects and puts the keyboard away.
+        s.input().setNewItemFieldIsFocused(true);
+        s.lists().chooseList(2);
+        QCOMPARE(s.storedIndex(), qint64(2));
+        QCOMPARE(s.shown(), QStringList{"milk"});
+        QVERIFY(!s.input().newItemFieldIsFocused());
+        QVERIFY(!s.lists().canMoveListRight());
+        QCOMPARE(header.last()[0].toInt(), 500);
+
+        // The selection moves with its list; the header follows a moment later.
+        s.lists().moveListLeft();
+        QCOMPARE(s.store().listNames(), (QStringList{"New List", "Work", "Home"}));
+        QCOMPARE(s.storedIndex(), qint64(1));
+        QCOMPARE(s.shown(), QStringList{"milk"});
+        QVERIFY(s.lists().canMoveListLeft() && s.lists().canMoveListRight());
+        header.clear();
+        QTRY_VERIFY(!header.isEmpty());
+        QCOMPARE(header.last()[0].toInt(), 200);
+        s.lists().moveListLeft();
+        s.lists().moveListLeft(); // already first
+        s.lists().moveListRight();
+        QCOMPARE(s.store().listNames(), (QStringList{"New List", "Work", "Home"}));
+
+        // Renamed as typed, spaces and all; an empty name is allowed.
+        s.lists().setTitleEditing(true);
+        s.lists().renameSelectedList(QStringLiteral(" Groceries "));
+        QCOMPARE(s.lists().currentListName(), QStringLiteral(" Groceries "));
+        QCOMPARE(s.prefs.stringList(PreferenceKeys::listNames)->value(1), QStringLiteral(" Groceries "));
+        s.lists().renameSelectedList(QString());
+        s.lists().setTitleEditing(false);
+        QVERIFY(!s.lists().titleEdited());
+        QCOMPARE(s.store().listNames(), (QStringList{"New List", "", "Home"}));
+        QVERIFY(!s.history().canUndo());
+
+        // No list selected: nothing to rename.
+        s.lists().setSelectedListIndex(3);
+        s.prefs.resetWriteLog();
+        s.lists().renameSelectedList(QStringLiteral("x"));
+        QCOMPARE(s.prefs.writeCount(), 0);
+    }
+
+    void deleteListAfterConfirmationAndUndo_data()
+    {
+        QTest::addColumn<QStringList>("names");
+        QTest::addColumn<qint64>("selected");
+        QTest::addColumn<QStringList>("after");
+        QTest::addColumn<qint64>("selectedAfter");
+        const QStringList three{"Home", "Work", "Trip"};
+        QTest::newRow("middle") << three << qint64(1) << QStringList{"Home", "Trip"} << qint64(1);
+        QTest::newRow("last") << three << qint64(2) << QStringList{"Home", "Work"} << qint64(1);
+        QTest::newRow("the only one stays") << QStringList{"Only"} << qint64(0) << QStringList{"Only"} << qint64(0);
+    }
+    void deleteListAfterConfirmationAndUndo()
+    {
+        QFETCH(QStringList, names);
+        QFETCH(qint64, selected);
+        QFETCH(QStringList, after);
+        QFETCH(qint64, selectedAfter);
+        Screen s(names, QVariant(selected));
+        s.add("kept");
+        s.prefs.resetWriteLog();
+        s.lists().askToDeleteList();
+        QVERIFY(s.lists().showDeletionConfirmation());
+        QCOMPARE(s.store().listNames(), names); // nothing until "Yes"
+
+        s.lists().deleteSelectedList();
+        QVERIFY(!s.lists().showDeletionConfirmation());
+        QCOMPARE(s.store().listNames(), after);
+        QCOMPARE(s.storedIndex(), selectedAfter);
+        QCOMPARE(s.prefs.writeCount() > 0, after != names);
+        QCOMPARE(s.history().canUndo(), after != names);
+
+        s.history().undo();
+        QCOMPARE(s.storedIndex(), selected);
+        QCOMPARE(s.shown(), QStringList{"kept"});
+        // The restored list is stored, not only shown.
+        const ListItems reloaded(s.prefs);
+        QCOMPARE(reloaded.listNames(), names);
+        QCOMPARE(reloaded.items(), s.store().items());
+    }
+
+    void titlePointSize_data()
+    {
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<int>("size");
+        QTest::newRow("11") << "Wish Lists!" << 21;
+        QTest::newRow("12") << "Appointments" << 20;
+        QTest::newRow("14") << "Camping List 1" << 20;
+        QTest::newRow("15") << "Home Projects 1" << 18;
+        // One user-perceived character each, however many code points.
+        const QString family = QStringLiteral("\U0001F468\u200D\U0001F469\u200D\U0001F467");
+        QTest::newRow("12 families") << family.repeated(12) << 20;
+        QTest::newRow("14 accented") << QStringLiteral("e\u0301").repeated(14) << 20;
+        QTest::newRow("15 accented") << QStringLiteral("e\u0301").repeated(15) << 18;
+        QTest::newRow("Vacation Ideas + plane") << QStringLiteral("Vacation Ideas\u2708\uFE0F") << 18;
+    }
+    void titlePointSize()
+    {
+        QFETCH(QString, title);
+        QFETCH(int, size);
+        QCOMPARE(ListNavigation::titlePointSize(title), size);
+    }
+};
+
+QTEST_MAIN(TestListNavigation)
+#include "tst_listnavigation.moc"
