@@ -100,7 +100,7 @@ Popup {
                 font: rateButton.font
                 horizontalAlignment: Text.AlignHCenter
                 verticalAlignment: Text.AlignVCenter
-                color: Appearance.isDark ? "white" : "black"
+                color: SystemColors.label
             }
             background: Rectangle {
                 radius: 23

@@ -13,9 +13,9 @@ Item {
 
     signal done()
 
-    readonly property color primaryText: "#000000"
-    readonly property color secondaryText: Qt.rgba(60 / 255, 60 / 255, 67 / 255, 0.6)
-    readonly property color accent: "#007AFF"
+    readonly property color primaryText: SystemColors.lightLabel
+    readonly property color secondaryText: SystemColors.lightSecondaryLabel
+    readonly property color accent: SystemColors.lightBlue
     readonly property real margin: 16
     // Extra space between the lines of the wrapped texts.
     readonly property real lineSpacing: 4
@@ -24,7 +24,7 @@ Item {
 
     Rectangle {
         anchors.fill: parent
-        color: "#FFFFFF"
+        color: SystemColors.lightBackground
     }
 
     FontMetrics {
@@ -140,7 +140,7 @@ Item {
         id: bar
         width: parent.width
         height: 44
-        color: "#FFFFFF"
+        color: SystemColors.lightBackground
 
         Text {
             anchors.centerIn: parent
@@ -175,7 +175,7 @@ Item {
             anchors.bottom: parent.bottom
             width: parent.width
             height: 1
-            color: Qt.rgba(0, 0, 0, 0.15)
+            color: SystemColors.lightHairline
             visible: page.contentY > 0
         }
     }

@@ -7,7 +7,7 @@ AbstractButton {
     id: root
 
     property bool bold: false
-    property color textColor: Appearance.isDark ? "#0a84ff" : "#007aff"
+    property color textColor: SystemColors.blue
 
     focusPolicy: Qt.NoFocus
     Accessible.name: text
@@ -22,6 +22,6 @@ AbstractButton {
     }
 
     background: Rectangle {
-        color: root.down ? (Appearance.isDark ? Qt.rgba(1, 1, 1, 0.1) : Qt.rgba(0, 0, 0, 0.08)) : "transparent"
+        color: root.down ? SystemColors.pressed : "transparent"
     }
 }

@@ -21,7 +21,7 @@ Item {
     // The system background under the translucent theme gradient.
     Rectangle {
         anchors.fill: parent
-        color: Appearance.isDark ? "black" : "white"
+        color: SystemColors.background
     }
 
     Loader {
@@ -53,36 +53,15 @@ Item {
 
     // The tutorial, as a sheet over the whole screen. It lives outside the
     // layers so a theme change does not close it; it ignores the theme.
-    Popup {
+    BottomSheet {
         id: tutorialSheet
 
         objectName: "tutorialSheet"
         width: root.width
         height: root.height
-        padding: 0
-        modal: true
         closePolicy: Popup.NoAutoClose
         visible: root.screen.showTutorial
         onClosed: root.screen.showTutorial = false
-
-        enter: Transition {
-            NumberAnimation {
-                property: "y"
-                from: root.height
-                to: 0
-                duration: 300
-                easing.type: Easing.OutCubic
-            }
-        }
-        exit: Transition {
-            NumberAnimation {
-                property: "y"
-                from: 0
-                to: root.height
-                duration: 250
-                easing.type: Easing.InCubic
-            }
-        }
 
         contentItem: TutorialView {
             onDone: tutorialSheet.close()

@@ -12,8 +12,7 @@ Dialog {
 
     signal confirmed
 
-    readonly property bool dark: Appearance.isDark
-    readonly property color separator: dark ? Qt.rgba(0.33, 0.33, 0.35, 0.6) : Qt.rgba(0.24, 0.24, 0.26, 0.29)
+    readonly property color separator: SystemColors.separator
 
     anchors.centerIn: parent
     width: 270
@@ -53,7 +52,7 @@ Dialog {
 
     background: Rectangle {
         radius: 14
-        color: root.dark ? Qt.rgba(0.17, 0.17, 0.18, 0.98) : Qt.rgba(0.96, 0.96, 0.96, 0.98)
+        color: SystemColors.alertBackground
     }
 
     header: null
@@ -119,7 +118,7 @@ Dialog {
                 Layout.fillWidth: true
                 Layout.fillHeight: true
                 text: "Yes"
-                textColor: root.dark ? "#ff453a" : "#ff3b30"
+                textColor: SystemColors.red
                 onClicked: {
                     root.confirmed();
                     root.close();

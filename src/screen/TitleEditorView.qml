@@ -22,7 +22,7 @@ TextField {
     verticalAlignment: TextInput.AlignVCenter
     padding: 0
     color: Appearance.foreground
-    placeholderTextColor: Appearance.isDark ? Qt.rgba(0.92, 0.92, 0.96, 0.3) : Qt.rgba(0.24, 0.24, 0.26, 0.3)
+    placeholderTextColor: SystemColors.placeholder
     selectionColor: Appearance.pick(Appearance.theme.accentDark, Appearance.theme.accentLight)
     selectedTextColor: Appearance.foreground
     font.pixelSize: pointSize

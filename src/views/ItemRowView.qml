@@ -78,7 +78,7 @@ SwipeDelegate {
         height: row.height
         revealed: -row.swipe.position * row.width
         leading: false
-        color: Appearance.isDark ? "#ff453a" : "#ff3b30"
+        color: SystemColors.red
         symbol: "trash"
         title: "Delete"
     }

@@ -7,15 +7,14 @@ import Murvane
 // The share sheet: slides up from the bottom while the sheet is presented,
 // shows the text being shared and offers "Copy" and "Email"; "Cancel", a tap
 // outside or Escape closes it.
-Popup {
+BottomSheet {
     id: root
 
     property ShareSheet sheet: null
-    readonly property bool dark: Appearance.isDark
-    readonly property color cardColor: dark ? Qt.rgba(0.17, 0.17, 0.18, 0.98) : Qt.rgba(0.98, 0.98, 0.98, 0.98)
-    readonly property color separator: dark ? Qt.rgba(0.33, 0.33, 0.35, 0.6) : Qt.rgba(0.24, 0.24, 0.26, 0.29)
-    readonly property color textColor: dark ? "white" : "black"
-    readonly property color actionColor: dark ? "#0a84ff" : "#007aff"
+    readonly property color cardColor: SystemColors.sheetBackground
+    readonly property color separator: SystemColors.separator
+    readonly property color textColor: SystemColors.label
+    readonly property color actionColor: SystemColors.blue
     readonly property Item copyButton: copy
     readonly property Item emailButton: email
     readonly property Item cancelButton: cancel
@@ -23,9 +22,8 @@ Popup {
     parent: T.Overlay.overlay
     width: parent ? Math.min(parent.width - 16, 500) : 374
     x: parent ? Math.round((parent.width - width) / 2) : 0
-    y: parent ? parent.height - height - 8 : 0
-    padding: 0
-    modal: true
+    gap: 8
+    closeDuration: 200
     dim: true
     closePolicy: Popup.CloseOnEscape | Popup.CloseOnPressOutside
     visible: sheet !== null && sheet.isPresented
@@ -34,24 +32,6 @@ Popup {
 
     T.Overlay.modal: Rectangle {
         color: Qt.rgba(0, 0, 0, 0.3)
-    }
-
-    enter: Transition {
-        NumberAnimation {
-            property: "y"
-            from: root.parent ? root.parent.height : 0
-            to: root.parent ? root.parent.height - root.height - 8 : 0
-            duration: 300
-            easing.type: Easing.OutCubic
-        }
-    }
-    exit: Transition {
-        NumberAnimation {
-            property: "y"
-            to: root.parent ? root.parent.height : 0
-            duration: 200
-            easing.type: Easing.InCubic
-        }
     }
 
     background: Item {}
@@ -119,7 +99,7 @@ Popup {
                         verticalAlignment: Text.AlignVCenter
                     }
                     background: Rectangle {
-                        color: copy.down ? (root.dark ? Qt.rgba(1, 1, 1, 0.1) : Qt.rgba(0, 0, 0, 0.08)) : "transparent"
+                        color: copy.down ? SystemColors.pressed : "transparent"
                     }
                 }
 
@@ -148,7 +128,7 @@ Popup {
                     }
                     background: Rectangle {
                         radius: 14
-                        color: email.down ? (root.dark ? Qt.rgba(1, 1, 1, 0.1) : Qt.rgba(0, 0, 0, 0.08)) : "transparent"
+                        color: email.down ? SystemColors.pressed : "transparent"
                         // Square top corners: only the card's bottom is round.
                         Rectangle {
                             width: parent.width
@@ -180,7 +160,7 @@ Popup {
             }
             background: Rectangle {
                 radius: 14
-                color: cancel.down ? (root.dark ? Qt.rgba(0.24, 0.24, 0.25, 0.98) : Qt.rgba(0.9, 0.9, 0.9, 0.98)) : root.cardColor
+                color: cancel.down ? SystemColors.sheetButtonPressed : root.cardColor
             }
         }
     }

@@ -10,8 +10,8 @@ Menu {
     // Icon of the row that opens this menu when it is a submenu.
     property string symbol
 
-    readonly property color cardColor: Appearance.isDark ? Qt.rgba(0.17, 0.17, 0.18, 0.98) : Qt.rgba(0.97, 0.97, 0.97, 0.98)
-    readonly property color separatorColor: Appearance.isDark ? Qt.rgba(1, 1, 1, 0.15) : Qt.rgba(0, 0, 0, 0.15)
+    readonly property color cardColor: SystemColors.menuBackground
+    readonly property color separatorColor: SystemColors.hairline
 
     padding: 0
     margins: 8

@@ -46,14 +46,14 @@ MenuItem {
             anchors.fill: parent
             anchors.margins: 4
             radius: 9
-            color: root.down || root.hovered ? (Appearance.isDark ? Qt.rgba(1, 1, 1, 0.12) : Qt.rgba(0, 0, 0, 0.08)) : "transparent"
+            color: root.down || root.hovered ? SystemColors.menuPressed : "transparent"
         }
         Rectangle {
             anchors.bottom: parent.bottom
             width: parent.width
             height: 0.5
             visible: !root.isLast
-            color: Appearance.isDark ? Qt.rgba(1, 1, 1, 0.15) : Qt.rgba(0, 0, 0, 0.15)
+            color: SystemColors.hairline
         }
     }
 }
