@@ -66,6 +66,7 @@ Dialog {
             Layout.topMargin: 19
             Layout.leftMargin: 16
             Layout.rightMargin: 16
+            objectName: "alertTitle"
             text: "Confirm Deletion"
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
@@ -80,6 +81,7 @@ Dialog {
             Layout.bottomMargin: 19
             Layout.leftMargin: 16
             Layout.rightMargin: 16
+            objectName: "alertMessage"
             text: "Are you sure you want to delete this list?"
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap

@@ -259,6 +259,30 @@ private slots:
             QCOMPARE(ids(f.list()), ids(initial));
     }
 
+    // Text sorts follow the user's language, not code points.
+    void textSortFollowsTheLocale_data()
+    {
+        QTest::addColumn<QString>("locale");
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<QString>("after");
+        QTest::newRow("German: ä with a") << "de_DE" << "zebra äpfel Apfel" << "Apfel äpfel zebra";
+        QTest::newRow("Swedish: ä after z") << "sv_SE" << "zebra äpfel Apfel" << "Apfel zebra äpfel";
+        QTest::newRow("Lithuanian: y before k") << "lt_LT" << "kelias yra ilgas" << "ilgas yra kelias";
+        QTest::newRow("English: y after k") << "en_US" << "kelias yra ilgas" << "ilgas kelias yra";
+    }
+    void textSortFollowsTheLocale()
+    {
+        QFETCH(QString, locale);
+        QFETCH(QString, before);
+        QFETCH(QString, after);
+        const QLocale saved;
+        QLocale::setDefault(QLocale(locale));
+        Fixture f(before);
+        f.store->sortItems(0, true, true);
+        QLocale::setDefault(saved);
+        QCOMPARE(notation(f.list()), after);
+    }
+
     void unknownIdsAndBadIndicesWriteNothing()
     {
         Fixture f(QStringLiteral("a b"));

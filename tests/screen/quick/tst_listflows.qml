@@ -73,6 +73,9 @@ Item {
             for (const answer of ["noButton", "yesButton"]) {
                 mouseClick(findChild(view, "deleteListButton"));
                 tryCompare(alert, "opened", true);
+                compare(["alertTitle", "alertMessage", "noButton", "yesButton"].map(
+                            name => findChild(alert.contentItem, name).text),
+                        ["Confirm Deletion", "Are you sure you want to delete this list?", "No", "Yes"]);
                 mouseClick(findChild(alert.contentItem, answer));
                 tryCompare(alert, "visible", false);
             }
