@@ -221,18 +221,6 @@ private slots:
         // Colour pairs are read through the theme, so it is signalled too.
         QCOMPARE(themeSpy.count(), 2);
     }
-
-    void themeMenuOrder()
-    {
-        MemoryPreferencesStore store;
-        QStringList entries;
-        for (const QVariant &entry : Appearance(store).themeMenu())
-            entries << entry.toMap().value(QStringLiteral("label")).toString() + QLatin1Char('=')
-                    + entry.toMap().value(QStringLiteral("rawValue")).toString();
-        const QStringList expected = {"Classic=classic", "Gray=gray", "Purple=purple",
-                                      "Blue=blue", "Pink=pink", "Green=green"};
-        QCOMPARE(entries, expected);
-    }
 };
 
 QTEST_GUILESS_MAIN(TestAppearance)

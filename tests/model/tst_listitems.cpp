@@ -162,23 +162,6 @@ private slots:
         }
     }
 
-    void largeDocumentsLoadChangeAndReload()
-    {
-        MemoryPreferencesStore prefs;
-        prefs.setStringList(PreferenceKeys::listNames, ListItems::defaultListNames());
-        QList<ItemList> lists(12);
-        lists[3].append(ListItem::create(QString(1024 * 1024, QChar(u'\u00e9')))); // a 1 MB text
-        for (int i = 0; i < 100000; ++i)
-            lists[i % 12].append(ListItem::create(QString::number(i)));
-        prefs.setData(PreferenceKeys::items, ItemsCodec::encode(lists));
-
-        ListItems store(prefs);
-        QCOMPARE(store.items(), lists);
-        store.setState(ListItemState::done, lists[3][0].id, 3);
-        store.sortItems(5, true, true);
-        QCOMPARE(ListItems(prefs).items(), store.items());
-    }
-
     void persistsThroughAFileStoreRoundTrip()
     {
         QTemporaryDir dir;

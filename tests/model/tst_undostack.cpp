@@ -47,22 +47,6 @@ private slots:
         delete prefs;
     }
 
-    void deletedItemsComeBackNewestFirstWithTheirIds()
-    {
-        const ItemList before = store->items()[2];
-        deleteItemAt(2, 2);
-        deleteItemAt(2, 0);
-        QCOMPARE(store->items()[2].size(), 4);
-        prefs->resetWriteLog();
-
-        QVERIFY(stack.undo(*store).applied);
-        QCOMPARE(store->items()[2][0], before[0]);
-        QCOMPARE(prefs->writtenKeys(), QStringList{PreferenceKeys::items});
-        QVERIFY(stack.undo(*store).applied);
-        QCOMPARE(store->items()[2], before);
-        QVERIFY(stack.isEmpty());
-    }
-
     void restoredItemKeepsPositionEvenInsidePinnedBlock()
     {
         const ListItem victim = store->items()[2][3];
@@ -72,45 +56,6 @@ private slots:
         stack.undo(*store);
         QCOMPARE(store->items()[2][3], victim);
         QVERIFY(!store->items()[2][3].isPinned);
-    }
-
-    void deletedListReturnsAtItsIndexAndAsksForSelection()
-    {
-        store->addItem(item("only in 4"), 4);
-        stack.push(DeleteList{4, store->listNames()[4], store->items()[4]});
-        const QString name = store->listNames()[4];
-        store->deleteList(4);
-        prefs->resetWriteLog();
-
-        const auto outcome = stack.undo(*store);
-        QVERIFY(outcome.applied);
-        QCOMPARE(outcome.selectList, std::optional<qint64>(4));
-        QCOMPARE(store->listNames()[4], name);
-        QCOMPARE(store->items()[4].first().text, QStringLiteral("only in 4"));
-        QVERIFY(prefs->writtenKeys().contains(PreferenceKeys::listNames));
-        QVERIFY(prefs->writtenKeys().contains(PreferenceKeys::items));
-    }
-
-    void listCopiesComeBackWhole()
-    {
-        const ItemList before = store->items()[2];
-        stack.push(SortList{2, before});
-        store->sortItems(2, true, false);
-        const ItemList sorted = store->items()[2];
-        stack.push(MarkAll{2, sorted});
-        store->setAllStates(2, ListItemState::toDo);
-        store->addItem(item("added later"), 2);
-        // Each entry puts back the whole copy it holds; later changes are lost.
-        QVERIFY(stack.undo(*store).applied);
-        QCOMPARE(store->items()[2], sorted);
-        QVERIFY(stack.undo(*store).applied);
-        QCOMPARE(store->items()[2], before);
-
-        // The toolbar pushes an empty copy when its index was invalid; applied
-        // later to a valid position it empties that list, by design.
-        stack.push(MarkAll{2, {}});
-        QVERIFY(stack.undo(*store).applied);
-        QVERIFY(store->items()[2].isEmpty());
     }
 
     void entriesApplyByPositionOrAreDropped()
