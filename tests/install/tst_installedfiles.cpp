@@ -1,0 +1,219 @@
+// The installed tree, as `cmake --install` lays it out under a staging root:
+// every file a desktop or phone shell needs is there, and all of them name
+// the app by the same id as the app itself and its write-review link.
+
+#include "platform/AppIdentity.h"
+#include "platform/WriteReviewLink.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QRegularExpression>
+#include <QSet>
+#include <QTest>
+#include <QXmlStreamReader>
+
+namespace {
+
+// The keys of one group of a desktop-entry style file (.desktop, D-Bus .service).
+QHash<QString, QString> readGroup(const QString &path, const QString &group)
+{
+    QHash<QString, QString> keys;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return keys;
+    bool inGroup = false;
+    while (!file.atEnd()) {
+        const QString line = QString::fromUtf8(file.readLine()).trimmed();
+        if (line.startsWith(QLatin1Char('[')))
+            inGroup = line == QLatin1Char('[') + group + QLatin1Char(']');
+        else if (inGroup && line.contains(QLatin1Char('=')) && !line.startsWith(QLatin1Char('#')))
+            keys.insert(line.section(QLatin1Char('='), 0, 0).trimmed(), line.section(QLatin1Char('='), 1).trimmed());
+    }
+    return keys;
+}
+
+struct Metainfo
+{
+    QString id;
+    QString launchable;
+    QString binary;
+    QString dbus;
+    QStringList controls;
+    bool parsed = false;
+};
+
+Metainfo readMetainfo(const QString &path)
+{
+    Metainfo info;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return info;
+    QXmlStreamReader xml(&file);
+    QStringList open;
+    while (!xml.atEnd()) {
+        const auto token = xml.readNext();
+        if (token == QXmlStreamReader::StartElement) {
+            const QString name = xml.name().toString();
+            const QString parent = open.isEmpty() ? QString() : open.last();
+            open.append(name);
+            if (name == QLatin1String("id") && parent == QLatin1String("component"))
+                info.id = xml.readElementText();
+            else if (name == QLatin1String("launchable") && xml.attributes().value(QLatin1String("type")) == QLatin1String("desktop-id"))
+                info.launchable = xml.readElementText();
+            else if (name == QLatin1String("binary") && parent == QLatin1String("provides"))
+                info.binary = xml.readElementText();
+            else if (name == QLatin1String("dbus") && parent == QLatin1String("provides"))
+                info.dbus = xml.readElementText();
+            else if (name == QLatin1String("control") && parent == QLatin1String("supports"))
+                info.controls.append(xml.readElementText());
+            else
+                continue;
+            open.removeLast(); // readElementText() consumed the end element
+        } else if (token == QXmlStreamReader::EndElement) {
+            open.removeLast();
+        }
+    }
+    info.parsed = !xml.hasError();
+    return info;
+}
+
+// The width, height and view box of an SVG's root, and every fill or stroke
+// colour it paints with.
+struct SvgFacts
+{
+    bool isSvg = false;
+    QString width;
+    QString height;
+    QStringList viewBox;
+    QSet<QString> colours;
+};
+
+SvgFacts readSvg(const QString &path)
+{
+    SvgFacts facts;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return facts;
+    QXmlStreamReader xml(&file);
+    static const QRegularExpression colour(QStringLiteral("^#[0-9a-fA-F]{3,8}$"));
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        const auto attributes = xml.attributes();
+        if (xml.name() == QLatin1String("svg") && !facts.isSvg) {
+            facts.isSvg = true;
+            facts.width = attributes.value(QLatin1String("width")).toString();
+            facts.height = attributes.value(QLatin1String("height")).toString();
+            facts.viewBox = attributes.value(QLatin1String("viewBox")).toString().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        }
+        for (const char *paint : {"fill", "stroke", "stop-color"}) {
+            const QString value = attributes.value(QLatin1String(paint)).toString().toLower();
+            if (colour.match(value).hasMatch())
+                facts.colours.insert(value);
+        }
+    }
+    if (xml.hasError())
+        facts.isSvg = false;
+    return facts;
+}
+
+} // namespace
+
+class TestInstalledFiles : public QObject
+{
+    Q_OBJECT
+
+private:
+    // <staging root>/<prefix>/<relative>
+    QString installed(const QString &relative) const { return m_root + QLatin1Char('/') + relative; }
+    // A path as the installed files write it (<prefix>/...), inside the staging root.
+    QString staged(const QString &absolute) const { return m_stage + absolute; }
+
+    QString m_stage;
+    QString m_prefix;
+    QString m_root;
+    const QString m_id = AppIdentity::appId;
+
+private slots:
+    void initTestCase()
+    {
+        m_stage = qEnvironmentVariable("MURVANE_STAGE");
+        m_prefix = qEnvironmentVariable("MURVANE_PREFIX");
+        QVERIFY2(!m_stage.isEmpty() && m_prefix.startsWith(QLatin1Char('/')), "MURVANE_STAGE and MURVANE_PREFIX must be set");
+        m_root = m_stage + m_prefix;
+        QVERIFY2(QFileInfo(m_root).isDir(), qPrintable(m_root));
+    }
+
+    void everyFileIsInPlace_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::newRow("binary") << QStringLiteral("bin/murvane");
+        QTest::newRow("desktop file") << QStringLiteral("share/applications/%1.desktop").arg(m_id);
+        QTest::newRow("D-Bus service") << QStringLiteral("share/dbus-1/services/%1.service").arg(m_id);
+        QTest::newRow("metainfo") << QStringLiteral("share/metainfo/%1.metainfo.xml").arg(m_id);
+        QTest::newRow("scalable icon") << QStringLiteral("share/icons/hicolor/scalable/apps/%1.svg").arg(m_id);
+        QTest::newRow("symbolic icon") << QStringLiteral("share/icons/hicolor/symbolic/apps/%1-symbolic.svg").arg(m_id);
+        QTest::newRow("16 px icon") << QStringLiteral("share/icons/hicolor/16x16/apps/%1.svg").arg(m_id);
+    }
+
+    void everyFileIsInPlace()
+    {
+        QFETCH(QString, path);
+        const QFileInfo file(installed(path));
+        QVERIFY2(file.isFile() && file.size() > 0, qPrintable(file.filePath()));
+        if (path.startsWith(QLatin1String("bin/")))
+            QVERIFY(file.isExecutable());
+        if (path.endsWith(QLatin1String(".svg"))) {
+            // Square, so shells neither crop nor stretch it.
+            const SvgFacts svg = readSvg(file.filePath());
+            QVERIFY(svg.isSvg);
+            QCOMPARE(svg.width, svg.height);
+            QCOMPARE(svg.viewBox.size(), 4);
+            QCOMPARE(svg.viewBox[2], svg.viewBox[3]);
+            // A symbolic icon is recoloured by the theme: one colour only.
+            if (path.contains(QLatin1String("symbolic")))
+                QCOMPARE(svg.colours.size(), 1);
+        }
+    }
+
+    // The shell finds the icon, the D-Bus activation and the software-centre
+    // page all by the app's own id; the desktop file and the D-Bus service
+    // start the binary that was installed.
+    void filesNameTheAppAndItsBinary()
+    {
+        const auto desktop = readGroup(installed(QStringLiteral("share/applications/%1.desktop").arg(m_id)), QStringLiteral("Desktop Entry"));
+        const auto service = readGroup(installed(QStringLiteral("share/dbus-1/services/%1.service").arg(m_id)), QStringLiteral("D-BUS Service"));
+        const Metainfo meta = readMetainfo(installed(QStringLiteral("share/metainfo/%1.metainfo.xml").arg(m_id)));
+        QVERIFY(meta.parsed);
+
+        QCOMPARE(desktop.value(QStringLiteral("Icon")), m_id);
+        QCOMPARE(desktop.value(QStringLiteral("DBusActivatable")), QStringLiteral("true"));
+        QCOMPARE(service.value(QStringLiteral("Name")), m_id);
+        QCOMPARE(meta.id, m_id);
+        QCOMPARE(meta.launchable, m_id + QStringLiteral(".desktop"));
+        QCOMPARE(meta.dbus, m_id);
+
+        const QString binary = m_prefix + QStringLiteral("/bin/murvane");
+        QCOMPARE(desktop.value(QStringLiteral("Exec")).section(QLatin1Char(' '), 0, 0), binary);
+        QCOMPARE(service.value(QStringLiteral("Exec")).section(QLatin1Char(' '), 0, 0), binary);
+        QVERIFY(QFileInfo(staged(binary)).isExecutable());
+        QCOMPARE(meta.binary, QFileInfo(binary).fileName());
+
+        for (const char *control : {"touch", "keyboard"})
+            QVERIFY2(meta.controls.contains(QLatin1String(control)), control);
+    }
+
+    // "Rate Murvane!" opens the page the software centre builds from the
+    // installed metadata.
+    void writeReviewLinkOpensTheInstalledPage()
+    {
+        const Metainfo meta = readMetainfo(installed(QStringLiteral("share/metainfo/%1.metainfo.xml").arg(m_id)));
+        QVERIFY(!meta.id.isEmpty());
+        QCOMPARE(WriteReviewLink::current(), QUrl(QStringLiteral("appstream://") + meta.id));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestInstalledFiles)
+#include "tst_installedfiles.moc"
