@@ -1,9 +1,11 @@
 #include "MurvaneApp.h"
 
 #include "RatingManager.h"
+#include "WindowPlacement.h"
 
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
+#include <QQuickWindow>
 
 MurvaneApp::MurvaneApp(QObject *parent)
     : MurvaneApp(std::make_unique<RatingManager>(), parent)
@@ -30,12 +32,17 @@ MurvaneApp::~MurvaneApp()
         WriteReviewOpener::setStandard(nullptr);
 }
 
-bool MurvaneApp::showWindow()
+bool MurvaneApp::showWindow(WindowPlacement &placement)
 {
     m_engine = std::make_unique<QQmlApplicationEngine>();
     m_engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
     m_engine->load(QUrl(QStringLiteral("qrc:/qt/qml/Murvane/Main.qml")));
-    return !m_engine->rootObjects().isEmpty();
+    const QList<QObject *> roots = m_engine->rootObjects();
+    auto *window = roots.isEmpty() ? nullptr : qobject_cast<QQuickWindow *>(roots.first());
+    if (!window)
+        return false;
+    placement.show(*window);
+    return true;
 }
 
 void MurvaneApp::applicationStateChanged(Qt::ApplicationState state)

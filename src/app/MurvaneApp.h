@@ -5,6 +5,7 @@
 
 class QQmlApplicationEngine;
 class RatingManager;
+class WindowPlacement;
 
 // The application: its one window, whose whole content is the main screen,
 // and the one RatingManager, kept for the life of the process. Each time
@@ -22,8 +23,9 @@ public:
 
     RatingManager &ratingManager() const { return *m_ratingManager; }
 
-    // Builds the window; false when it could not be made.
-    bool showWindow();
+    // Builds the window and shows it where the placement says; false when
+    // it could not be made.
+    bool showWindow(WindowPlacement &placement);
 
     // The life-cycle handler: called with each new application state. The
     // state the app first shows itself in does not count as a change; each

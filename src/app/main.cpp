@@ -1,4 +1,5 @@
 #include "MurvaneApp.h"
+#include "WindowPlacement.h"
 #include "platform/AppIdentity.h"
 #include "platform/FeedbackdHaptics.h"
 #include "platform/preferences/FilePreferencesStore.h"
@@ -6,6 +7,7 @@
 #include "platform/Haptics.h"
 #include "platform/RatingPrompt.h"
 #include "platform/ReviewRequester.h"
+#include "platform/WindowMode.h"
 
 #include <QGuiApplication>
 #include <QQuickStyle>
@@ -39,8 +41,10 @@ int main(int argc, char *argv[])
 
     int code = 1;
     {
+        // Outlives the window, so the last move or resize is kept.
+        WindowPlacement placement(preferences, WindowModes::current());
         MurvaneApp murvane;
-        if (murvane.showWindow())
+        if (murvane.showWindow(placement))
             code = app.exec();
     }
     ReviewRequester::setStandard(nullptr);
