@@ -44,11 +44,15 @@ install: deps
 	cmake --preset release -DCMAKE_INSTALL_PREFIX=$(PREFIX)
 	cmake --build --preset release -j $(JOBS) --target murvane
 	$(INSTALL_SUDO) env DESTDIR="$(DESTDIR)" cmake --install build/release
+	@sed 's|^|$(DESTDIR)|' build/release/install_manifest.txt > build/release/installed-files.txt
 
-# Removes what the last `make install` placed.
+# Removes what the last `make install` placed, DESTDIR included (it keeps
+# the list in the build).
 uninstall:
-	@test -f build/release/install_manifest.txt || { echo "nothing installed from this tree"; exit 1; }
-	$(INSTALL_SUDO) xargs -d '\n' rm -fv < build/release/install_manifest.txt
+	@test -f build/release/installed-files.txt || { echo "nothing installed from this tree"; exit 1; }
+	@first=$$(head -n 1 build/release/installed-files.txt); sudo=""; \
+	if [ "$$(id -u)" -ne 0 ] && [ ! -w "$$(dirname "$$first")" ]; then sudo=sudo; fi; \
+	$$sudo xargs -d '\n' rm -fv < build/release/installed-files.txt && rm build/release/installed-files.txt
 
 # build/murvane_<version>_<arch>.deb
 deb: deps

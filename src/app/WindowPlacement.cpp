@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -50,13 +51,17 @@ QRect WindowPlacement::placed(const std::optional<QRect> &stored, const QList<QR
 {
     const bool usable = stored && stored->width() > 0 && stored->height() > 0;
     QSize size = usable ? stored->size() : phoneSize;
-    if (availableScreens.isEmpty())
+    // A screen that reports no area (being unplugged, say) cannot hold it.
+    QList<QRect> screens;
+    std::copy_if(availableScreens.cbegin(), availableScreens.cend(), std::back_inserter(screens),
+                 [](const QRect &screen) { return !screen.isEmpty(); });
+    if (screens.isEmpty())
         return QRect(usable ? stored->topLeft() : QPoint(0, 0), size.expandedTo(minimumSize));
 
-    const QRect *screen = &availableScreens.first();
+    const QRect *screen = &screens.first();
     qint64 bestOverlap = 0;
     if (usable) {
-        for (const QRect &candidate : availableScreens) {
+        for (const QRect &candidate : screens) {
             const qint64 overlap = overlapArea(*stored, candidate);
             if (overlap > bestOverlap) {
                 bestOverlap = overlap;

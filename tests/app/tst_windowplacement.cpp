@@ -30,6 +30,8 @@ private slots:
         QTest::newRow("first run on a short screen") << false << QRect() << QList<QRect>{QRect(0, 0, 1366, 728)}
                                                      << QRect(488, 0, 390, 728);
         QTest::newRow("first run, no screen known") << false << QRect() << QList<QRect>{} << QRect(0, 0, 390, 844);
+        QTest::newRow("a screen without area is passed over") << false << QRect() << QList<QRect>{QRect(), hd}
+                                                               << QRect(765, 98, 390, 844);
         QTest::newRow("unusable size counts as first run") << true << QRect(5, 5, 0, -4) << two << QRect(765, 98, 390, 844);
         QTest::newRow("on the primary: kept") << true << QRect(100, 50, 500, 700) << two << QRect(100, 50, 500, 700);
         QTest::newRow("on the second: kept") << true << QRect(2000, 100, 400, 900) << two << QRect(2000, 100, 400, 900);
