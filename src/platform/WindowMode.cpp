@@ -9,7 +9,8 @@ WindowMode forEnvironment(const QProcessEnvironment &environment)
     const QString mobileControls = environment.value(QStringLiteral("QT_QUICK_CONTROLS_MOBILE")).trimmed();
     if (mobileControls == QLatin1String("1") || mobileControls.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0)
         return WindowMode::Maximized;
-    if (environment.value(QStringLiteral("PLASMA_PLATFORM")).startsWith(QLatin1String("phone")))
+    // A colon-separated list of form factors, such as "phone:handset".
+    if (environment.value(QStringLiteral("PLASMA_PLATFORM")).split(QLatin1Char(':')).contains(QLatin1String("phone")))
         return WindowMode::Maximized;
     const QStringList desktops = environment.value(QStringLiteral("XDG_CURRENT_DESKTOP")).split(QLatin1Char(':'), Qt::SkipEmptyParts);
     for (const QString &desktop : desktops) {

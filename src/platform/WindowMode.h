@@ -16,9 +16,9 @@ enum class WindowMode {
 namespace WindowModes {
 // The mode for a Linux session with this environment. A phone shell is
 // recognised by what it sets for its apps: QT_QUICK_CONTROLS_MOBILE=1
-// (Plasma Mobile, and anyone who asks Qt for touch controls),
-// PLASMA_PLATFORM=phone:... (Plasma Mobile), or a Phosh or Lomiri entry
-// in XDG_CURRENT_DESKTOP.
+// (Plasma Mobile, and anyone who asks Qt for touch controls), "phone"
+// among the form factors of PLASMA_PLATFORM (Plasma Mobile), or a Phosh
+// or Lomiri entry in XDG_CURRENT_DESKTOP.
 WindowMode forEnvironment(const QProcessEnvironment &environment);
 // The mode for this process.
 WindowMode current();

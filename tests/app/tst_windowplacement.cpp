@@ -178,6 +178,8 @@ private slots:
                                        << WindowMode::Maximized;
         QTest::newRow("Plasma on a desktop") << QStringList{QStringLiteral("XDG_CURRENT_DESKTOP=KDE"), QStringLiteral("PLASMA_PLATFORM=desktop")}
                                              << WindowMode::Window;
+        QTest::newRow("Plasma Mobile, form factors in another order")
+            << QStringList{QStringLiteral("PLASMA_PLATFORM=handset:phone")} << WindowMode::Maximized;
         QTest::newRow("touch controls asked for") << QStringList{QStringLiteral("QT_QUICK_CONTROLS_MOBILE=1")} << WindowMode::Maximized;
         QTest::newRow("touch controls turned off") << QStringList{QStringLiteral("QT_QUICK_CONTROLS_MOBILE=0")} << WindowMode::Window;
     }
