@@ -1,7 +1,8 @@
 // Renders the main screen with sample lists in every theme and scheme, and
 // once at tablet size, into PNG files: `murvane_screenshots <directory>`.
-// With `--more` it adds the smallest phone, a landscape tablet, an empty
-// list and the open menu, for checking the layout by eye.
+// With `--more` it adds the smallest phone, the smallest and a full-HD
+// desktop window, a landscape tablet, an empty list and the open menu, for
+// checking the layout by eye.
 
 #include "appearance/Appearance.h"
 #include "model/ItemsCodec.h"
@@ -176,6 +177,8 @@ int main(int argc, char *argv[])
     shots.append({QStringLiteral("green"), QStringLiteral("light"), QSize(1024, 1366), QStringLiteral("tablet-")});
     if (more) {
         shots.append({QStringLiteral("blue"), QStringLiteral("light"), QSize(360, 640), QStringLiteral("small-")});
+        shots.append({QStringLiteral("green"), QStringLiteral("light"), QSize(320, 560), QStringLiteral("smallest-")});
+        shots.append({QStringLiteral("gray"), QStringLiteral("dark"), QSize(1920, 1080), QStringLiteral("fullhd-")});
         shots.append({QStringLiteral("purple"), QStringLiteral("dark"), QSize(1366, 1024), QStringLiteral("landscape-")});
         shots.append({QStringLiteral("green"), QStringLiteral("dark"), QSize(390, 844), QStringLiteral("empty-"), false, 3});
         shots.append({QStringLiteral("pink"), QStringLiteral("light"), QSize(390, 844), QStringLiteral("menu-"), true});

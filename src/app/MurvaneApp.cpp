@@ -1,6 +1,7 @@
 #include "MurvaneApp.h"
 
 #include "RatingManager.h"
+#include "WindowPlacement.h"
 #include "appearance/Appearance.h"
 #include "platform/QmlServices.h"
 #include "platform/RatingPrompt.h"
@@ -8,6 +9,7 @@
 
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
+#include <QQuickWindow>
 
 MurvaneApp::MurvaneApp(RatingManager &ratingManager, QObject *parent)
     : QObject(parent)
@@ -23,7 +25,8 @@ MurvaneApp::MurvaneApp(RatingManager &ratingManager, QObject *parent)
 
 MurvaneApp::~MurvaneApp() = default;
 
-bool MurvaneApp::showWindow(Appearance &appearance, RatingPrompt &ratingPrompt, ScreenState &screen)
+bool MurvaneApp::showWindow(Appearance &appearance, RatingPrompt &ratingPrompt, ScreenState &screen,
+                            WindowPlacement &placement)
 {
     m_engine = std::make_unique<QQmlApplicationEngine>();
     m_engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
@@ -31,7 +34,12 @@ bool MurvaneApp::showWindow(Appearance &appearance, RatingPrompt &ratingPrompt, 
     QmlServices::provide(*m_engine, ratingPrompt);
     m_engine->setInitialProperties({{QStringLiteral("screen"), QVariant::fromValue(&screen)}});
     m_engine->load(QUrl(QStringLiteral("qrc:/qt/qml/Murvane/Main.qml")));
-    return !m_engine->rootObjects().isEmpty();
+    const QList<QObject *> roots = m_engine->rootObjects();
+    auto *window = roots.isEmpty() ? nullptr : qobject_cast<QQuickWindow *>(roots.first());
+    if (!window)
+        return false;
+    placement.show(*window);
+    return true;
 }
 
 void MurvaneApp::applicationStateChanged(Qt::ApplicationState state)

@@ -8,6 +8,7 @@ class QQmlApplicationEngine;
 class RatingManager;
 class RatingPrompt;
 class ScreenState;
+class WindowPlacement;
 
 // The application: its one window, whose whole content is the main screen,
 // and its life cycle. Each time the app comes back to the front it
@@ -25,8 +26,10 @@ public:
     RatingManager &ratingManager() const { return *m_ratingManager; }
 
     // Builds the window over the screen, giving QML the app's appearance and
-    // review prompt; false when it could not be made.
-    bool showWindow(Appearance &appearance, RatingPrompt &ratingPrompt, ScreenState &screen);
+    // review prompt, and shows it where the placement says; false when it
+    // could not be made.
+    bool showWindow(Appearance &appearance, RatingPrompt &ratingPrompt, ScreenState &screen,
+                    WindowPlacement &placement);
 
     // The life-cycle handler: called with each new application state. The
     // state the app first shows itself in does not count as a change; each

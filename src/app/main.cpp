@@ -1,5 +1,6 @@
 #include "MurvaneApp.h"
 #include "RatingManager.h"
+#include "WindowPlacement.h"
 #include "appearance/Appearance.h"
 #include "platform/AppIdentity.h"
 #include "platform/DesktopUrlOpener.h"
@@ -7,6 +8,7 @@
 #include "platform/FontLoader.h"
 #include "platform/InAppShareSheet.h"
 #include "platform/RatingPrompt.h"
+#include "platform/WindowMode.h"
 #include "platform/preferences/FilePreferencesStore.h"
 #include "screen/ScreenState.h"
 
@@ -43,8 +45,11 @@ int main(int argc, char *argv[])
     RatingManager ratingManager(preferences, &RatingManager::systemClock, ratingPrompt, urlOpener);
     ScreenState screen(preferences, haptics, {appearance, shareSheet, ratingManager});
 
+    // Outlives the window, so the last move or resize is kept.
+    WindowPlacement placement(preferences, WindowModes::current());
+
     MurvaneApp murvane(ratingManager);
-    if (!murvane.showWindow(appearance, ratingPrompt, screen))
+    if (!murvane.showWindow(appearance, ratingPrompt, screen, placement))
         return 1;
     return app.exec();
 }

@@ -1,0 +1,199 @@
+#include "app/WindowPlacement.h"
+#include "platform/WindowMode.h"
+#include "platform/preferences/MemoryPreferencesStore.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QSignalSpy>
+#include <QTest>
+#include <QWindow>
+
+using Geometry = WindowPlacement::Geometry;
+
+class TestWindowPlacement : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void placed_data()
+    {
+        QTest::addColumn<bool>("hasStored");
+        QTest::addColumn<QRect>("stored");
+        QTest::addColumn<QList<QRect>>("screens");
+        QTest::addColumn<QRect>("expected");
+
+        // Full HD above a 40 px panel, and a second screen to its right.
+        const QRect hd(0, 0, 1920, 1040);
+        const QRect right(1920, 0, 1280, 1024);
+        const QList<QRect> two{hd, right};
+        QTest::newRow("first run: phone size, centred") << false << QRect() << two << QRect(765, 98, 390, 844);
+        QTest::newRow("first run on a short screen") << false << QRect() << QList<QRect>{QRect(0, 0, 1366, 728)}
+                                                     << QRect(488, 0, 390, 728);
+        QTest::newRow("first run, no screen known") << false << QRect() << QList<QRect>{} << QRect(0, 0, 390, 844);
+        QTest::newRow("a screen without area is passed over") << false << QRect() << QList<QRect>{QRect(), hd}
+                                                               << QRect(765, 98, 390, 844);
+        QTest::newRow("unusable size counts as first run") << true << QRect(5, 5, 0, -4) << two << QRect(765, 98, 390, 844);
+        QTest::newRow("on the primary: kept") << true << QRect(100, 50, 500, 700) << two << QRect(100, 50, 500, 700);
+        QTest::newRow("on the second: kept") << true << QRect(2000, 100, 400, 900) << two << QRect(2000, 100, 400, 900);
+        QTest::newRow("straddling: onto the screen it covers most") << true << QRect(1800, 100, 400, 900) << two
+                                                                    << QRect(1920, 100, 400, 900);
+        QTest::newRow("past the top left: pulled in") << true << QRect(-50, -30, 400, 900) << two << QRect(0, 0, 400, 900);
+        QTest::newRow("its screen is gone: centred on the primary") << true << QRect(4000, 100, 400, 900) << two
+                                                                    << QRect(760, 70, 400, 900);
+        QTest::newRow("smaller than the layout allows: grown") << true << QRect(10, 10, 100, 100) << two
+                                                               << QRect(10, 10, 320, 560);
+        QTest::newRow("larger than its screen: shrunk onto it") << true << QRect(0, 0, 2500, 1500) << two << hd;
+        QTest::newRow("a screen below the minimum: fills it") << true << QRect(0, 0, 390, 844)
+                                                              << QList<QRect>{QRect(0, 0, 300, 500)} << QRect(0, 0, 300, 500);
+    }
+
+    void placed()
+    {
+        QFETCH(bool, hasStored);
+        QFETCH(QRect, stored);
+        QFETCH(QList<QRect>, screens);
+        QFETCH(QRect, expected);
+        QCOMPARE(WindowPlacement::placed(hasStored ? std::optional(stored) : std::nullopt, screens), expected);
+    }
+
+    void storedValues_data()
+    {
+        QTest::addColumn<QVariantList>("values"); // x, y, width, height, maximised; invalid: absent
+        QTest::addColumn<bool>("usable");
+        QTest::addColumn<QRect>("normal");
+        QTest::addColumn<bool>("maximized");
+
+        const auto row = [](qint64 x, qint64 y, qint64 w, qint64 h, qint64 m) {
+            return QVariantList{QVariant(x), QVariant(y), QVariant(w), QVariant(h), QVariant(m)};
+        };
+        QTest::newRow("all there") << row(-20, 30, 500, 700, 0) << true << QRect(-20, 30, 500, 700) << false;
+        QTest::newRow("maximised") << row(0, 0, 390, 844, 1) << true << QRect(0, 0, 390, 844) << true;
+        QTest::newRow("absurd values bounded") << row(qint64(1) << 40, -(qint64(1) << 40), qint64(1) << 40, 600, 7) << true
+                                               << QRect(1'000'000, -1'000'000, 1'000'000, 600) << true;
+        QTest::newRow("zero width") << row(0, 0, 0, 700, 0) << false << QRect() << false;
+        QVariantList missing = row(0, 0, 500, 700, 0);
+        missing[1] = QVariant();
+        QTest::newRow("one value missing") << missing << false << QRect() << false;
+        QVariantList text = row(0, 0, 500, 700, 0);
+        text[3] = QStringLiteral("700");
+        QTest::newRow("one value of the wrong type") << text << false << QRect() << false;
+    }
+
+    void storedValues()
+    {
+        QFETCH(QVariantList, values);
+        QFETCH(bool, usable);
+        QFETCH(QRect, normal);
+        QFETCH(bool, maximized);
+        MemoryPreferencesStore store;
+        const QStringList keys{QStringLiteral("windowX"), QStringLiteral("windowY"), QStringLiteral("windowWidth"),
+                               QStringLiteral("windowHeight"), QStringLiteral("windowMaximized")};
+        for (int i = 0; i < keys.size(); ++i) {
+            if (values[i].isValid())
+                store.setRawForTest(keys[i], values[i]);
+        }
+        const WindowPlacement placement(store, WindowMode::Window);
+        const auto stored = placement.stored();
+        QCOMPARE(stored.has_value(), usable);
+        if (usable)
+            QCOMPARE(*stored, (Geometry{normal, maximized}));
+    }
+
+    // Through a real window: the first run opens at phone size; what the
+    // user then does is what the next start brings back.
+    void desktopWindowComesBackAsLeft()
+    {
+        MemoryPreferencesStore store;
+        const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
+        const QRect moved(available.topLeft() + QPoint(30, 40), QSize(400, 580));
+        {
+            WindowPlacement placement(store, WindowMode::Window);
+            QWindow window;
+            placement.show(window);
+            QVERIFY(QTest::qWaitForWindowExposed(&window));
+            QCOMPARE(window.size(), QSize(390, std::min(844, available.height())));
+            QCOMPARE(window.minimumSize(), WindowPlacement::minimumSize.boundedTo(window.size()));
+            QSignalSpy movedX(&window, &QWindow::xChanged);
+            QSignalSpy resized(&window, &QWindow::widthChanged);
+            window.setFramePosition(moved.topLeft());
+            window.resize(moved.size());
+            // The window system reports the change back, as after a drag.
+            QTRY_VERIFY(!movedX.isEmpty() && !resized.isEmpty());
+            window.hide();
+        }
+        QCOMPARE(WindowPlacement(store, WindowMode::Window).stored(), (Geometry{moved, false}));
+        {
+            WindowPlacement placement(store, WindowMode::Window);
+            QWindow window;
+            placement.show(window);
+            QVERIFY(QTest::qWaitForWindowExposed(&window));
+            QCOMPARE(QRect(window.framePosition(), window.size()), moved);
+            window.showMaximized();
+            QTRY_VERIFY(window.windowStates().testFlag(Qt::WindowMaximized));
+        }
+        // Maximised, with the plain geometry kept for when it is restored.
+        QCOMPARE(WindowPlacement(store, WindowMode::Window).stored(), (Geometry{moved, true}));
+        WindowPlacement placement(store, WindowMode::Window);
+        QWindow window;
+        placement.show(window);
+        QVERIFY(window.windowStates().testFlag(Qt::WindowMaximized));
+    }
+
+    void phoneShellFillsTheScreenAndKeepsNothing_data()
+    {
+        QTest::addColumn<WindowMode>("mode");
+        QTest::addColumn<Qt::WindowState>("state");
+        QTest::newRow("phone shell") << WindowMode::Maximized << Qt::WindowMaximized;
+        QTest::newRow("Android or iOS") << WindowMode::FullScreen << Qt::WindowFullScreen;
+    }
+
+    void phoneShellFillsTheScreenAndKeepsNothing()
+    {
+        QFETCH(WindowMode, mode);
+        QFETCH(Qt::WindowState, state);
+        MemoryPreferencesStore store;
+        {
+            WindowPlacement placement(store, mode);
+            QWindow window;
+            placement.show(window);
+            QVERIFY(window.windowStates().testFlag(state));
+            window.resize(500, 600);
+            window.showNormal();
+            window.hide();
+        }
+        QCOMPARE(store.writeCount(), 0);
+    }
+
+    void windowModeFromTheSession_data()
+    {
+        QTest::addColumn<QStringList>("environment");
+        QTest::addColumn<WindowMode>("mode");
+        QTest::newRow("plain desktop") << QStringList{QStringLiteral("XDG_CURRENT_DESKTOP=GNOME")} << WindowMode::Window;
+        QTest::newRow("nothing set") << QStringList{} << WindowMode::Window;
+        QTest::newRow("Phosh") << QStringList{QStringLiteral("XDG_CURRENT_DESKTOP=Phosh:GNOME")} << WindowMode::Maximized;
+        QTest::newRow("Lomiri") << QStringList{QStringLiteral("XDG_CURRENT_DESKTOP=lomiri")} << WindowMode::Maximized;
+        QTest::newRow("a name containing Phosh is not Phosh")
+            << QStringList{QStringLiteral("XDG_CURRENT_DESKTOP=NotPhosh")} << WindowMode::Window;
+        QTest::newRow("Plasma Mobile") << QStringList{QStringLiteral("XDG_CURRENT_DESKTOP=KDE"), QStringLiteral("PLASMA_PLATFORM=phone:handset")}
+                                       << WindowMode::Maximized;
+        QTest::newRow("Plasma on a desktop") << QStringList{QStringLiteral("XDG_CURRENT_DESKTOP=KDE"), QStringLiteral("PLASMA_PLATFORM=desktop")}
+                                             << WindowMode::Window;
+        QTest::newRow("Plasma Mobile, form factors in another order")
+            << QStringList{QStringLiteral("PLASMA_PLATFORM=handset:phone")} << WindowMode::Maximized;
+        QTest::newRow("touch controls asked for") << QStringList{QStringLiteral("QT_QUICK_CONTROLS_MOBILE=1")} << WindowMode::Maximized;
+        QTest::newRow("touch controls turned off") << QStringList{QStringLiteral("QT_QUICK_CONTROLS_MOBILE=0")} << WindowMode::Window;
+    }
+
+    void windowModeFromTheSession()
+    {
+        QFETCH(QStringList, environment);
+        QFETCH(WindowMode, mode);
+        QProcessEnvironment env;
+        for (const QString &entry : environment)
+            env.insert(entry.section(QLatin1Char('='), 0, 0), entry.section(QLatin1Char('='), 1));
+        QCOMPARE(WindowModes::forEnvironment(env), mode);
+    }
+};
+
+QTEST_MAIN(TestWindowPlacement)
+#include "tst_windowplacement.moc"
