@@ -5,7 +5,7 @@
 #include "model/ItemsCodec.h"
 #include "model/ListItems.h"
 #include "model/UndoStack.h"
-#include "platform/preferences/FilePreferencesStore.h"
+#include "platform/preferences/SqlitePreferencesStore.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -47,7 +47,7 @@ void rawWrite(const QString &path, const QByteArray &bytes)
 
 void seed(const QString &dir, int total)
 {
-    FilePreferencesStore prefs(dir);
+    SqlitePreferencesStore prefs(dir);
     prefs.setStringList(PreferenceKeys::listNames, ListItems::defaultListNames());
     QList<ItemList> lists(12);
     auto *rng = QRandomGenerator::global();
@@ -86,13 +86,13 @@ int main(int argc, char **argv)
         for (int i = 0; i < 7; ++i) {
             QElapsedTimer t;
             t.start();
-            FilePreferencesStore prefs(dir.path());
+            SqlitePreferencesStore prefs(dir.path());
             ListItems store(prefs);
             loads.push_back(msSince(t));
         }
         loadMs[size] = median(loads);
 
-        FilePreferencesStore prefs(dir.path());
+        SqlitePreferencesStore prefs(dir.path());
         ListItems store(prefs);
         UndoStack undo;
         const int reps = size >= 100000 ? 25 : 120;

@@ -1,7 +1,7 @@
 #include "MurvaneApp.h"
 #include "platform/AppIdentity.h"
 #include "platform/FeedbackdHaptics.h"
-#include "platform/preferences/FilePreferencesStore.h"
+#include "platform/preferences/SqlitePreferencesStore.h"
 #include "platform/FontLoader.h"
 #include "platform/Haptics.h"
 #include "platform/RatingPrompt.h"
@@ -28,7 +28,7 @@ int main(int argc, char *argv[])
     QGuiApplication app(argc, argv);
 
     // Every platform service is in place before the first view is made.
-    FilePreferencesStore preferences(FilePreferencesStore::defaultDirectory());
+    SqlitePreferencesStore preferences(SqlitePreferencesStore::defaultDirectory());
     PreferencesStore::setStandard(&preferences);
     FeedbackdHaptics haptics;
     Haptics::setStandard(&haptics);
