@@ -3,9 +3,13 @@ import QtQuick.Controls.Basic
 import Murvane
 
 // The app's one window; its whole content is the main screen. The review
-// prompt floats over it when the app asks for a rating.
+// prompt floats over it when the app asks for a rating, and the store's
+// notice when saving fails or stored data could not be read.
 ApplicationWindow {
     id: window
+
+    // Given by the app at start; null in tests without a store.
+    property StoreStatus storeStatus: null
     width: 390
     height: 844
     visible: true
@@ -16,5 +20,9 @@ ApplicationWindow {
     }
 
     RatingPromptView {
+    }
+
+    StoreNoticeView {
+        status: window.storeStatus
     }
 }

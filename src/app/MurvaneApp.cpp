@@ -1,6 +1,7 @@
 #include "MurvaneApp.h"
 
 #include "RatingManager.h"
+#include "platform/preferences/StoreStatus.h"
 
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
@@ -34,6 +35,8 @@ bool MurvaneApp::showWindow()
 {
     m_engine = std::make_unique<QQmlApplicationEngine>();
     m_engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+    if (m_storeStatus)
+        m_engine->setInitialProperties({{QStringLiteral("storeStatus"), QVariant::fromValue(m_storeStatus)}});
     m_engine->load(QUrl(QStringLiteral("qrc:/qt/qml/Murvane/Main.qml")));
     return !m_engine->rootObjects().isEmpty();
 }

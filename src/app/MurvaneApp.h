@@ -5,6 +5,7 @@
 
 class QQmlApplicationEngine;
 class RatingManager;
+class StoreStatus;
 
 // The application: its one window, whose whole content is the main screen,
 // and the one RatingManager, kept for the life of the process. Each time
@@ -22,6 +23,8 @@ public:
 
     RatingManager &ratingManager() const { return *m_ratingManager; }
 
+    // What the window shows about the store; set before showWindow().
+    void setStoreStatus(StoreStatus *status) { m_storeStatus = status; }
     // Builds the window; false when it could not be made.
     bool showWindow();
 
@@ -35,5 +38,6 @@ private:
 
     std::unique_ptr<RatingManager> m_ratingManager;
     std::unique_ptr<QQmlApplicationEngine> m_engine;
+    StoreStatus *m_storeStatus = nullptr;
     bool m_shownInitially = false;
 };

@@ -40,6 +40,7 @@ int main(int argc, char *argv[])
     int code = 1;
     {
         MurvaneApp murvane;
+        murvane.setStoreStatus(&preferences.status());
         if (murvane.showWindow())
             code = app.exec();
     }

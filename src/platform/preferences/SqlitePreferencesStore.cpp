@@ -442,8 +442,9 @@ void SqlitePreferencesStore::importOldFiles()
             status().noteRecovered(recoveredPlace());
     }
     for (const QString &path : {jsonPath, binPath}) {
-        if (QFile::exists(path) && !QFile::exists(path + QStringLiteral(".migrated")))
-            QFile::rename(path, path + QStringLiteral(".migrated"));
+        if (QFile::exists(path) && !QFile::exists(path + QStringLiteral(".migrated"))
+            && QFile::rename(path, path + QStringLiteral(".migrated")))
+            makePrivateFile(path + QStringLiteral(".migrated"), false);
     }
     // Half-written temporaries of the old atomic saves.
     const QStringList leftovers = QDir(m_dir).entryList({QStringLiteral("items.bin.??????"),
