@@ -226,7 +226,9 @@ private slots:
         p.keepCopy(items);
         p.setData(items, "second");
         p.keepCopy(items);
+        p.status().dismiss();
         p.setString(items, QStringLiteral("a string now"));
+        QVERIFY(!p.status().message().isEmpty());
         Raw raw(dir.path());
         QCOMPARE(raw.copies(items), QVariantList({QByteArray("first"), QByteArray("second")}));
         p.setInteger(items, 1);

@@ -305,12 +305,15 @@ bool SqlitePreferencesStore::writeChanges(const Changes &changes, QString &error
     put.prepare(QStringLiteral("INSERT OR REPLACE INTO prefs (key, type, value) VALUES (?, ?, ?)"));
     del.prepare(QStringLiteral("DELETE FROM prefs WHERE key = ?"));
     QHash<QString, int> newTypes;
+    bool copied = false;
     for (auto it = changes.cbegin(); ok && it != changes.cend(); ++it) {
         const QString &key = it.key();
         const auto oldType = m_types.constFind(key);
         if (!it->isValid()) {
-            if (oldType != m_types.cend() && m_unreadable.contains(key))
+            if (oldType != m_types.cend() && m_unreadable.contains(key)) {
                 ok = copyRow(key, error);
+                copied = true;
+            }
             del.bindValue(0, key);
             ok = ok && del.exec();
             if (!ok && error.isEmpty())
@@ -320,8 +323,10 @@ bool SqlitePreferencesStore::writeChanges(const Changes &changes, QString &error
         const auto [type, bound] = encodeValue(*it);
         // A value of another type, or one that could not be read, goes to
         // the recovered copies before it is replaced.
-        if (oldType != m_types.cend() && (*oldType != type || m_unreadable.contains(key)))
+        if (oldType != m_types.cend() && (*oldType != type || m_unreadable.contains(key))) {
             ok = copyRow(key, error);
+            copied = true;
+        }
         put.bindValue(0, key);
         put.bindValue(1, type);
         put.bindValue(2, bound);
@@ -350,6 +355,8 @@ bool SqlitePreferencesStore::writeChanges(const Changes &changes, QString &error
         }
     }
     m_retry.stop();
+    if (copied)
+        status().noteRecovered(recoveredPlace());
     return true;
 }
 
