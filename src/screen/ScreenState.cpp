@@ -334,6 +334,8 @@ void ScreenState::undoAction()
     UndoStack::Outcome outcome;
     {
         RowsHeld held(d->displayed);
+        // The lists and the selection are saved together.
+        PreferencesStore::Transaction together(*d->preferences);
         outcome = d->undo.undo(*d->store);
         if (outcome.selectList)
             setSelectedListIndex(d->store->clampSelection(*outcome.selectList));
@@ -478,6 +480,8 @@ void ScreenState::moveListLeft()
     if (from >= 0 && from < count && from - 1 >= 0 && from - 1 < count) {
         {
             RowsHeld held(d->displayed);
+            // The lists and the selection are saved together.
+            PreferencesStore::Transaction together(*d->preferences);
             d->store->moveList(from, from - 1);
             setSelectedListIndex(from - 1);
             setSelectedListIndex(d->store->clampSelection(d->selected));
@@ -495,6 +499,8 @@ void ScreenState::moveListRight()
     if (from >= 0 && from < count && from + 1 >= 0 && from + 1 < count) {
         {
             RowsHeld held(d->displayed);
+            // The lists and the selection are saved together.
+            PreferencesStore::Transaction together(*d->preferences);
             d->store->moveList(from, from + 1);
             setSelectedListIndex(from + 1);
             setSelectedListIndex(d->store->clampSelection(d->selected));
@@ -521,6 +527,8 @@ void ScreenState::confirmDeleteList()
     d->undo.push(UndoActions::DeleteList{index, d->store->listNames()[index], d->store->items()[index]});
     {
         RowsHeld held(d->displayed);
+        // The lists and the selection are saved together.
+        PreferencesStore::Transaction together(*d->preferences);
         d->store->deleteList(index);
         setSelectedListIndex(d->store->clampSelection(d->selected));
     }
@@ -532,6 +540,8 @@ void ScreenState::newList()
 {
     {
         RowsHeld held(d->displayed);
+        // The lists and the selection are saved together.
+        PreferencesStore::Transaction together(*d->preferences);
         d->store->addList();
         setSelectedListIndex(d->store->clampSelection(0));
     }
