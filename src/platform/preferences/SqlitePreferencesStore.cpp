@@ -385,6 +385,13 @@ void SqlitePreferencesStore::importOldFiles()
     done.finish();
 
     if (!imported) {
+        // A file that is there but cannot be read now is left for a later
+        // start rather than passed over.
+        for (const QString &path : {jsonPath, binPath}) {
+            QFile file(path);
+            if (file.exists() && !file.open(QIODevice::ReadOnly))
+                return;
+        }
         QString error;
         if (!exec(db, QStringLiteral("BEGIN IMMEDIATE"), error))
             return;
