@@ -32,7 +32,7 @@ bench: deps
 	$(GUI_ENV) $(XVFB) scripts/run-benchmarks build/release
 
 # libFuzzer on the item decoder and on opening a store of arbitrary bytes;
-# MURVANE_FUZZ_SECONDS sets the time per target (default 90).
+# MURVANE_FUZZ_SECONDS sets the time per target (default 120).
 fuzz: deps
 	cmake --preset fuzz
 	cmake --build --preset fuzz --target fuzz_items fuzz_store -j $(JOBS)
