@@ -166,6 +166,8 @@ private slots:
     void aStoreThatCannotOpenKeepsChangesUntilItCan()
     {
         QTemporaryDir dir;
+        QTemporaryDir elsewhere;
+        SqlitePreferencesStore(elsewhere.path()).setStringList(names, {QStringLiteral("on disk")});
         // Something in the way of the database file.
         QVERIFY(QDir(dir.path()).mkdir(SqlitePreferencesStore::databaseName()));
         SqlitePreferencesStore p(dir.path());
@@ -175,10 +177,15 @@ private slots:
         QCOMPARE(p.stringList(names), QStringList{QStringLiteral("kept")});
         QVERIFY(p.hasUnsavedChanges());
 
+        // The database turns up: what it held and the app never saw is
+        // copied before the waiting change replaces it.
         QVERIFY(QDir(dir.path()).rmdir(SqlitePreferencesStore::databaseName()));
+        QVERIFY(QFile::copy(elsewhere.filePath(SqlitePreferencesStore::databaseName()),
+                            dir.filePath(SqlitePreferencesStore::databaseName())));
         QVERIFY(p.retrySave());
         QVERIFY(!p.status().saveFailing());
         QCOMPARE(SqlitePreferencesStore(dir.path()).stringList(names), QStringList{QStringLiteral("kept")});
+        QCOMPARE(Raw(dir.path()).copies(names), QVariantList{QStringLiteral("[\"on disk\"]")});
     }
 
     void unreadableRowsAreCopiedBeforeTheyAreReplaced_data()

@@ -289,11 +289,13 @@ QString SqlitePreferencesStore::recoveredPlace() const
 
 bool SqlitePreferencesStore::writeChanges(const Changes &changes, QString &error)
 {
+    // Opened only now: the app never saw what the disk holds, so every row
+    // it is about to replace is copied first.
+    const bool unseen = !m_open;
     if (!m_open) {
         if (!open(error))
             return false;
         importOldFiles();
-        // What the disk holds stays under what the app has since written.
         load();
     }
     QSqlDatabase db = QSqlDatabase::database(m_connection, false);
@@ -310,7 +312,7 @@ bool SqlitePreferencesStore::writeChanges(const Changes &changes, QString &error
         const QString &key = it.key();
         const auto oldType = m_types.constFind(key);
         if (!it->isValid()) {
-            if (oldType != m_types.cend() && m_unreadable.contains(key)) {
+            if (oldType != m_types.cend() && (unseen || m_unreadable.contains(key))) {
                 ok = copyRow(key, error);
                 copied = true;
             }
@@ -323,7 +325,7 @@ bool SqlitePreferencesStore::writeChanges(const Changes &changes, QString &error
         const auto [type, bound] = encodeValue(*it);
         // A value of another type, or one that could not be read, goes to
         // the recovered copies before it is replaced.
-        if (oldType != m_types.cend() && (*oldType != type || m_unreadable.contains(key))) {
+        if (oldType != m_types.cend() && (unseen || *oldType != type || m_unreadable.contains(key))) {
             ok = copyRow(key, error);
             copied = true;
         }
