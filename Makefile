@@ -1,7 +1,7 @@
 # Two commands on a fresh Debian 12 machine:
 #   make run    install what is missing, build, start the app
 #   make test   install what is missing, build, run every test
-.PHONY: deps build run test bench screenshots asan install uninstall deb clean
+.PHONY: deps build run test bench screenshots asan fuzz install uninstall deb clean
 
 JOBS ?= $(shell nproc)
 XVFB := xvfb-run -a -s "-screen 0 1920x1080x24"
@@ -30,6 +30,13 @@ bench: deps
 	cmake --preset release
 	cmake --build --preset release -j $(JOBS)
 	$(GUI_ENV) $(XVFB) scripts/run-benchmarks build/release
+
+# libFuzzer on the item decoder and on opening a store of arbitrary bytes;
+# MURVANE_FUZZ_SECONDS sets the time per target (default 120).
+fuzz: deps
+	cmake --preset fuzz
+	cmake --build --preset fuzz --target fuzz_items fuzz_store -j $(JOBS)
+	scripts/run-fuzz build/fuzz
 
 screenshots: build
 	$(GUI_ENV) $(XVFB) scripts/take-screenshots build/debug

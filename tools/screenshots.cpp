@@ -20,6 +20,7 @@
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QImage>
+#include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickStyle>
@@ -27,6 +28,7 @@
 #include <QTextStream>
 #include <QTimer>
 #include <QtQml/qqmlextensionplugin.h>
+#include <memory>
 
 Q_IMPORT_QML_PLUGIN(MurvanePlugin)
 
@@ -106,7 +108,8 @@ public:
     void openWriteReviewPage() override {}
 };
 
-bool shoot(QQmlEngine &engine, ScreenState &screen, const QSize &size, const QString &path, bool withMenu = false)
+bool shoot(QQmlEngine &engine, ScreenState &screen, const QSize &size, const QString &path, bool withMenu = false,
+           StoreStatus *notice = nullptr)
 {
     QQuickView view(&engine, nullptr);
     view.setInitialProperties({{QStringLiteral("screen"), QVariant::fromValue(&screen)}});
@@ -116,6 +119,13 @@ bool shoot(QQmlEngine &engine, ScreenState &screen, const QSize &size, const QSt
     view.setSource(QUrl(QStringLiteral("qrc:/qt/qml/Murvane/ContentView.qml")));
     if (view.status() != QQuickView::Ready)
         return false;
+    std::unique_ptr<QObject> noticeView;
+    if (notice) {
+        QQmlComponent component(&engine, QUrl(QStringLiteral("qrc:/qt/qml/Murvane/StoreNoticeView.qml")));
+        noticeView.reset(component.createWithInitialProperties({{QStringLiteral("status"), QVariant::fromValue(notice)}}));
+        if (auto *item = qobject_cast<QQuickItem *>(noticeView.get()))
+            item->setParentItem(view.rootObject());
+    }
     view.show();
     settle(view);
     if (withMenu) {
@@ -169,6 +179,7 @@ int main(int argc, char *argv[])
         QString prefix;
         bool withMenu = false;
         qint64 selected = 1;
+        int notice = 0; // 1: data recovered, 2: saving fails
     };
     QList<Shot> shots;
     for (const char *theme : {"green", "pink", "blue", "gray", "purple", "classic"})
@@ -182,6 +193,8 @@ int main(int argc, char *argv[])
         shots.append({QStringLiteral("purple"), QStringLiteral("dark"), QSize(1366, 1024), QStringLiteral("landscape-")});
         shots.append({QStringLiteral("green"), QStringLiteral("dark"), QSize(390, 844), QStringLiteral("empty-"), false, 3});
         shots.append({QStringLiteral("pink"), QStringLiteral("light"), QSize(390, 844), QStringLiteral("menu-"), true});
+        shots.append({QStringLiteral("blue"), QStringLiteral("light"), QSize(390, 844), QStringLiteral("recovered-"), false, 1, 1});
+        shots.append({QStringLiteral("classic"), QStringLiteral("dark"), QSize(390, 844), QStringLiteral("unsaved-"), false, 1, 2});
     }
 
     int failures = 0;
@@ -189,10 +202,16 @@ int main(int argc, char *argv[])
         appearance.setThemeKey(shot.theme);
         appearance.setSchemeKey(shot.scheme);
         preferences.setInteger(PreferenceKeys::selectedListIndex, shot.selected);
+        if (shot.notice == 1)
+            preferences.status().noteRecovered(QStringLiteral("the table \u201crecovered\u201d of ~/.local/share/murvane/murvane.sqlite"));
+        if (shot.notice == 2) {
+            preferences.setFailWrites(true);
+            preferences.setInteger(PreferenceKeys::selectedListIndex, shot.selected);
+        }
         // A fresh screen each time, as at start: it reads the selection.
         ScreenState screen(preferences, haptics, {appearance, shareSheet, reviewPage});
         const QString path = out.filePath(shot.prefix + shot.theme + QLatin1Char('-') + shot.scheme + QStringLiteral(".png"));
-        if (shoot(engine, screen, shot.size, path, shot.withMenu)) {
+        if (shoot(engine, screen, shot.size, path, shot.withMenu, shot.notice ? &preferences.status() : nullptr)) {
             QTextStream(stdout) << path << "\n";
         } else {
             err << "failed: " << path << "\n";

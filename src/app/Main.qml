@@ -3,10 +3,14 @@ import QtQuick.Controls.Basic
 import Murvane
 
 // The app's one window; its whole content is the main screen. The review
-// prompt floats over it when the app asks for a rating. Shown from C++,
-// which decides its size and place (WindowPlacement).
+// prompt floats over it when the app asks for a rating, and the store's
+// notice when saving fails or stored data could not be read. Shown from
+// C++, which decides its size and place (WindowPlacement).
 ApplicationWindow {
     id: window
+
+    // Given by the app at start; null in tests without a store.
+    property StoreStatus storeStatus: null
     width: 390
     height: 844
     title: "Murvane"
@@ -19,5 +23,9 @@ ApplicationWindow {
     }
 
     RatingPromptView {
+    }
+
+    StoreNoticeView {
+        status: window.storeStatus
     }
 }

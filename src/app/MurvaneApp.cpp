@@ -6,6 +6,7 @@
 #include "platform/QmlServices.h"
 #include "platform/RatingPrompt.h"
 #include "screen/ScreenState.h"
+#include "platform/preferences/StoreStatus.h"
 
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
@@ -32,7 +33,10 @@ bool MurvaneApp::showWindow(Appearance &appearance, RatingPrompt &ratingPrompt, 
     m_engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
     QmlServices::provide(*m_engine, appearance);
     QmlServices::provide(*m_engine, ratingPrompt);
-    m_engine->setInitialProperties({{QStringLiteral("screen"), QVariant::fromValue(&screen)}});
+    QVariantMap initial{{QStringLiteral("screen"), QVariant::fromValue(&screen)}};
+    if (m_storeStatus)
+        initial.insert(QStringLiteral("storeStatus"), QVariant::fromValue(m_storeStatus));
+    m_engine->setInitialProperties(initial);
     m_engine->load(QUrl(QStringLiteral("qrc:/qt/qml/Murvane/Main.qml")));
     const QList<QObject *> roots = m_engine->rootObjects();
     auto *window = roots.isEmpty() ? nullptr : qobject_cast<QQuickWindow *>(roots.first());

@@ -9,6 +9,7 @@ class RatingManager;
 class RatingPrompt;
 class ScreenState;
 class WindowPlacement;
+class StoreStatus;
 
 // The application: its one window, whose whole content is the main screen,
 // and its life cycle. Each time the app comes back to the front it
@@ -25,6 +26,8 @@ public:
 
     RatingManager &ratingManager() const { return *m_ratingManager; }
 
+    // What the window shows about the store; set before showWindow().
+    void setStoreStatus(StoreStatus *status) { m_storeStatus = status; }
     // Builds the window over the screen, giving QML the app's appearance and
     // review prompt, and shows it where the placement says; false when it
     // could not be made.
@@ -41,5 +44,6 @@ private:
 
     RatingManager *m_ratingManager;
     std::unique_ptr<QQmlApplicationEngine> m_engine;
+    StoreStatus *m_storeStatus = nullptr;
     bool m_shownInitially = false;
 };

@@ -9,7 +9,7 @@
 #include "platform/InAppShareSheet.h"
 #include "platform/RatingPrompt.h"
 #include "platform/WindowMode.h"
-#include "platform/preferences/FilePreferencesStore.h"
+#include "platform/preferences/SqlitePreferencesStore.h"
 #include "screen/ScreenState.h"
 
 #include <QGuiApplication>
@@ -36,7 +36,7 @@ int main(int argc, char *argv[])
 
     // Every service is made here, once, and handed to what uses it. Each is
     // declared before its users, so it outlives them.
-    FilePreferencesStore preferences(FilePreferencesStore::defaultDirectory());
+    SqlitePreferencesStore preferences(SqlitePreferencesStore::defaultDirectory());
     FeedbackdHaptics haptics;
     DesktopUrlOpener urlOpener;
     InAppShareSheet shareSheet;
@@ -49,6 +49,7 @@ int main(int argc, char *argv[])
     WindowPlacement placement(preferences, WindowModes::current());
 
     MurvaneApp murvane(ratingManager);
+    murvane.setStoreStatus(&preferences.status());
     if (!murvane.showWindow(appearance, ratingPrompt, screen, placement))
         return 1;
     return app.exec();

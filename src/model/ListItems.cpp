@@ -41,10 +41,15 @@ ListItems::ListItems(PreferencesStore &defaults, QObject *parent)
 void ListItems::load()
 {
     // Names first: they are authoritative for how many lists exist.
-    if (auto names = m_defaults->stringList(PreferenceKeys::listNames))
+    if (auto names = m_defaults->stringList(PreferenceKeys::listNames)) {
         m_listNames = *names;
-    else
+    } else {
+        // A value there that is not a list of names is kept aside before
+        // the defaults replace it.
+        if (m_defaults->contains(PreferenceKeys::listNames))
+            m_defaults->keepCopy(PreferenceKeys::listNames);
         m_defaults->setStringList(PreferenceKeys::listNames, m_listNames);
+    }
 
     m_items = QList<ItemList>(m_listNames.size());
     if (auto data = m_defaults->data(PreferenceKeys::items)) {
@@ -52,19 +57,23 @@ void ListItems::load()
         if (auto *lists = std::get_if<QList<ItemList>>(&decoded)) {
             m_items = std::move(*lists);
         } else {
-            // The one diagnostic of the app. The stored bytes stay untouched
-            // until the next save, so nothing is lost by merely starting.
+            // The one diagnostic of the app. The next save replaces the
+            // stored bytes, so a copy of them is kept first.
             const QByteArray line = "Error decoding items: " + std::get<QString>(decoded).toUtf8() + '\n';
             std::fwrite(line.constData(), 1, size_t(line.size()), stdout);
             std::fflush(stdout);
+            m_defaults->keepCopy(PreferenceKeys::items);
         }
     }
 
-    // Reconcile: the names decide how many lists there are.
+    // Reconcile: the names decide how many lists there are. Lists beyond the
+    // names go at the next save, so the stored document is kept first.
     while (m_items.size() < m_listNames.size())
         m_items.append(ItemList());
-    while (m_items.size() > m_listNames.size())
-        m_items.removeLast();
+    if (m_items.size() > m_listNames.size()) {
+        m_defaults->keepCopy(PreferenceKeys::items);
+        m_items.resize(m_listNames.size());
+    }
 
     m_encoded = QList<QByteArray>(m_items.size());
     m_encodedValid = QList<bool>(m_items.size(), false);
@@ -138,8 +147,11 @@ void ListItems::commitList(qint64 listIndex)
 
 void ListItems::commitLists()
 {
+    // Names and items land together, or neither does.
+    PreferencesStore::Transaction transaction(*m_defaults);
     saveNames();
     saveItems();
+    transaction.commit();
     emit listNamesChanged();
     emit listsRearranged();
     emit itemsChanged();

@@ -12,7 +12,7 @@ class PreferencesStore;
 // The one store of the app: the names of all lists and the items of each.
 // List i is (listNames[i], items[i]); both always have the same length.
 // Every operation takes the index of the list it works on and writes what it
-// changed to the preferences store before it returns.
+// changed to the preferences store, in one transaction, before it returns.
 class ListItems : public QObject
 {
     Q_OBJECT

@@ -146,6 +146,8 @@ void ListNavigation::moveList(int step)
     if (from >= 0 && from < count && to >= 0 && to < count) {
         {
             DisplayedItemsModel::Hold held(m_context.displayed);
+            // The lists and the selection are saved together.
+            PreferencesStore::Transaction together(m_context.preferences);
             m_context.store.moveList(from, to);
             setSelectedListIndex(to);
             selectClamped(m_selected);
@@ -171,6 +173,8 @@ void ListNavigation::deleteSelectedList()
     const qint64 index = m_selected;
     {
         DisplayedItemsModel::Hold held(m_context.displayed);
+        // The lists and the selection are saved together.
+        PreferencesStore::Transaction together(m_context.preferences);
         m_undo.record(UndoActions::DeleteList{index, m_context.store.listNames()[index], m_context.store.items()[index]});
         m_context.store.deleteList(index);
         selectClamped(m_selected);
@@ -182,6 +186,8 @@ void ListNavigation::addList()
 {
     {
         DisplayedItemsModel::Hold held(m_context.displayed);
+        // The lists and the selection are saved together.
+        PreferencesStore::Transaction together(m_context.preferences);
         m_context.store.addList();
         selectClamped(0);
     }

@@ -3,6 +3,7 @@
 #include "DisplayedItemsModel.h"
 #include "model/ListItems.h"
 #include "platform/Haptics.h"
+#include "platform/preferences/PreferencesStore.h"
 
 SortAndUndo::SortAndUndo(const ScreenContext &context, SelectedList selectedList, QObject *parent)
     : QObject(parent)
@@ -58,6 +59,8 @@ void SortAndUndo::undo()
         return;
     {
         DisplayedItemsModel::Hold held(m_context.displayed);
+        // The lists and the selection are saved together.
+        PreferencesStore::Transaction together(m_context.preferences);
         const UndoStack::Outcome outcome = m_undo.undo(m_context.store);
         if (outcome.selectList)
             emit listRestored(*outcome.selectList);

@@ -1,6 +1,6 @@
 #include "model/ItemsCodec.h"
 #include "model/ListItems.h"
-#include "platform/preferences/FilePreferencesStore.h"
+#include "platform/preferences/SqlitePreferencesStore.h"
 #include "platform/preferences/MemoryPreferencesStore.h"
 
 #include <QSet>
@@ -101,9 +101,14 @@ private slots:
         QCOMPARE(store.listNames().at(0), QString::fromUtf8("To Do List\u2714"));
         QCOMPARE(store.listNames().at(10), QString::fromUtf8("Vacation Ideas\u2708\uFE0F"));
 
-        MemoryPreferencesStore wrongType;
-        wrongType.setRawForTest(PreferenceKeys::listNames, 42);
-        QCOMPARE(ListItems(wrongType).listNames(), ListItems::defaultListNames());
+        // Names that cannot be read are kept aside before the defaults replace them.
+        for (const QVariant &bad : {QVariant(42), QVariant(QVariantList{QStringLiteral("a"), 1})}) {
+            MemoryPreferencesStore wrongType;
+            wrongType.setRawForTest(PreferenceKeys::listNames, bad);
+            QCOMPARE(ListItems(wrongType).listNames(), ListItems::defaultListNames());
+            QCOMPARE(wrongType.copies(), (QList<std::pair<QString, QVariant>>{{PreferenceKeys::listNames, bad}}));
+            QVERIFY(!wrongType.status().message().isEmpty());
+        }
     }
 
     void reconcilesLengthsWithoutWriting()
@@ -129,6 +134,10 @@ private slots:
             for (int i = 0; i < names; ++i)
                 QCOMPARE(store.items()[i], i < lists ? stored[i] : ItemList());
             QCOMPARE(prefs.writeCount(), 0);
+            // Lists beyond the names would go at the next save: the document is kept first.
+            QCOMPARE(prefs.copies().size(), lists > names ? 1 : 0);
+            if (lists > names)
+                QCOMPARE(prefs.copies().first().second, QVariant(ItemsCodec::encode(stored)));
         }
     }
 
@@ -156,19 +165,20 @@ private slots:
             QVERIFY2(out.startsWith("Error decoding items: ") && out.count('\n') == 1 && out.endsWith('\n'),
                      out.constData());
             QCOMPARE(loaded, QList<ItemList>(2));
-            // Kept for a later version that may read them; nothing is written.
+            // Nothing is written, and a copy is kept before the next save replaces them.
             QCOMPARE(prefs.writeCount(), 0);
             QCOMPARE(*prefs.data(PreferenceKeys::items), bytes);
+            QCOMPARE(prefs.copies(), (QList<std::pair<QString, QVariant>>{{PreferenceKeys::items, bytes}}));
         }
     }
 
-    void persistsThroughAFileStoreRoundTrip()
+    void persistsThroughADiskStoreRoundTrip()
     {
         QTemporaryDir dir;
         QList<ItemList> expected;
         QStringList names;
         {
-            FilePreferencesStore prefs(dir.path());
+            SqlitePreferencesStore prefs(dir.path());
             ListItems store(prefs);
             store.addItem(ListItem::create(QStringLiteral("Milk \"2%\" 🥛\nsecond line")), 0);
             store.addItem(parse(QStringLiteral("Bread*!")).first(), 0);
@@ -178,7 +188,7 @@ private slots:
             expected = store.items();
             names = store.listNames();
         }
-        FilePreferencesStore prefs(dir.path());
+        SqlitePreferencesStore prefs(dir.path());
         ListItems reopened(prefs);
         QCOMPARE(reopened.listNames().size(), 13);
         QCOMPARE(reopened.listNames(), names);
@@ -308,7 +318,9 @@ private slots:
         store.addList();
         QCOMPARE(store.listNames().mid(0, 2), QStringList({"New List", "To Do List\u2714"}));
         QCOMPARE(store.items()[5].first().text, QStringLiteral("in list 4"));
-        QCOMPARE(prefs.writtenKeys(), QStringList({PreferenceKeys::listNames, PreferenceKeys::items}));
+        // Names and items in one commit.
+        QCOMPARE(prefs.commitCount(), 1);
+        QCOMPARE(prefs.writtenKeys(), QStringList({PreferenceKeys::items, PreferenceKeys::listNames}));
 
         store.deleteList(4);
         QCOMPARE(store.listNames().size(), 12);

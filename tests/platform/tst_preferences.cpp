@@ -1,9 +1,68 @@
-#include "platform/preferences/FilePreferencesStore.h"
+#include "platform/preferences/MemoryPreferencesStore.h"
+#include "platform/preferences/SqlitePreferencesStore.h"
 
 #include <QDir>
 #include <QFile>
+#include <QSignalSpy>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QTest>
+#include <sys/stat.h>
+
+namespace {
+
+const QString names = QStringLiteral("listNames");
+const QString items = QStringLiteral("items");
+const QString selection = QStringLiteral("selectedListIndex");
+const QString scheme = QStringLiteral("appColorScheme");
+
+// Direct access to a store's database, as another program would have it.
+struct Raw
+{
+    QString name = QStringLiteral("raw-%1").arg(quintptr(this));
+    explicit Raw(const QString &dir)
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+        db.setDatabaseName(dir + u'/' + SqlitePreferencesStore::databaseName());
+        db.open();
+    }
+    ~Raw()
+    {
+        QSqlDatabase::database(name).close();
+        QSqlDatabase::removeDatabase(name);
+    }
+    void put(const QString &key, int type, const QVariant &value)
+    {
+        QSqlQuery q(QSqlDatabase::database(name));
+        q.prepare(QStringLiteral("INSERT OR REPLACE INTO prefs (key, type, value) VALUES (?, ?, ?)"));
+        q.addBindValue(key);
+        q.addBindValue(type);
+        q.addBindValue(value);
+        QVERIFY(q.exec());
+    }
+    // The recovered copies of a key, oldest first, as stored.
+    QVariantList copies(const QString &key)
+    {
+        QSqlQuery q(QSqlDatabase::database(name));
+        q.prepare(QStringLiteral("SELECT value FROM recovered WHERE key = ? ORDER BY id"));
+        q.addBindValue(key);
+        q.exec();
+        QVariantList out;
+        while (q.next())
+            out << q.value(0);
+        return out;
+    }
+};
+
+void writeFile(const QString &path, const QByteArray &bytes)
+{
+    QFile f(path);
+    QVERIFY(f.open(QIODevice::WriteOnly));
+    f.write(bytes);
+}
+
+} // namespace
 
 class TestPreferences : public QObject
 {
@@ -13,83 +72,208 @@ private slots:
     void typedValuesSurviveAReopen()
     {
         QTemporaryDir dir;
+        const QStringList list = {QStringLiteral("A✔"), QString(), QStringLiteral("Ü\"\\")};
+        const QByteArray bytes("[[]]\xff\x00", 6);
         {
-            FilePreferencesStore p(dir.path());
-            p.setStringList(QStringLiteral("listNames"), {QStringLiteral("A✔"), QString(), QStringLiteral("Ü")});
-            p.setData(QStringLiteral("items"), QByteArray("[[]]\xff\x00", 6));
-            p.setInteger(QStringLiteral("selectedListIndex"), -3);
-            p.setString(QStringLiteral("appColorScheme"), QStringLiteral("dark"));
+            SqlitePreferencesStore p(dir.path());
+            QVERIFY(p.isOpen());
+            p.setStringList(names, list);
+            p.setData(items, bytes);
+            p.setInteger(selection, -3);
+            p.setString(scheme, QStringLiteral("dark"));
+            p.setStringList(QStringLiteral("empty"), {});
+            p.setData(QStringLiteral("emptyData"), QByteArray());
+            p.setString(QStringLiteral("emptyString"), QString());
+            p.setString(QStringLiteral("gone"), QStringLiteral("x"));
+            p.remove(QStringLiteral("gone"));
         }
-        FilePreferencesStore p(dir.path());
-        QCOMPARE(p.stringList(QStringLiteral("listNames")),
-                 QStringList({QStringLiteral("A✔"), QString(), QStringLiteral("Ü")}));
-        QCOMPARE(p.data(QStringLiteral("items")), QByteArray("[[]]\xff\x00", 6));
-        QCOMPARE(p.integer(QStringLiteral("selectedListIndex")), qint64(-3));
-        QCOMPARE(p.string(QStringLiteral("appColorScheme")), QStringLiteral("dark"));
+        SqlitePreferencesStore p(dir.path());
+        QCOMPARE(p.stringList(names), list);
+        QCOMPARE(p.data(items), bytes);
+        QCOMPARE(p.integer(selection), qint64(-3));
+        QCOMPARE(p.string(scheme), QStringLiteral("dark"));
+        // Present but empty is not absent.
+        QCOMPARE(p.stringList(QStringLiteral("empty")), std::optional<QStringList>(QStringList()));
+        QCOMPARE(p.data(QStringLiteral("emptyData")), std::optional<QByteArray>(QByteArray()));
+        QCOMPARE(p.string(QStringLiteral("emptyString")), std::optional<QString>(QString()));
+        QVERIFY(!p.contains(QStringLiteral("gone")));
+        QVERIFY(!p.stringList(QStringLiteral("never")).has_value());
+        // A value of another type reads as absent.
+        QVERIFY(!p.integer(scheme).has_value());
+        QVERIFY(!p.data(names).has_value());
+        QVERIFY(!p.string(selection).has_value());
+        QVERIFY(p.status().message().isEmpty());
     }
 
-    void absentIsNotEmptyAndWrongTypesReadAsAbsent()
+    void foldersAndFilesArePrivateWhateverTheUmask()
     {
-        QTemporaryDir dir;
-        QFile f(dir.filePath(QStringLiteral("preferences.json")));
-        QVERIFY(f.open(QIODevice::WriteOnly));
-        // As a hand-edited file might have it.
-        f.write(R"({"listNames":["a",1],"selectedListIndex":2.5,"selectedThemeKey":["x"],"appColorScheme":"dark"})");
-        f.close();
-        FilePreferencesStore p(dir.path());
-        QVERIFY(!p.stringList(QStringLiteral("listNames")).has_value());
-        QVERIFY(!p.integer(QStringLiteral("selectedListIndex")).has_value());
-        QVERIFY(!p.string(QStringLiteral("selectedThemeKey")).has_value());
-        QVERIFY(!p.integer(QStringLiteral("appColorScheme")).has_value());
-        QCOMPARE(p.string(QStringLiteral("appColorScheme")), QStringLiteral("dark"));
-
-        QVERIFY(!p.stringList(QStringLiteral("other")).has_value());
-        p.setStringList(QStringLiteral("other"), {});
-        QCOMPARE(p.stringList(QStringLiteral("other")), std::optional<QStringList>(QStringList()));
-        p.setString(QStringLiteral("items"), QStringLiteral("[]"));
-        QVERIFY(!p.data(QStringLiteral("items")).has_value());
+        QTemporaryDir parent;
+        const mode_t old = ::umask(0);
+        const QString dir = parent.filePath(QStringLiteral("a/murvane"));
+        {
+            SqlitePreferencesStore p(dir);
+            p.setString(scheme, QStringLiteral("dark"));
+            auto mode = [](const QString &path) {
+                struct stat st = {};
+                return ::stat(QFile::encodeName(path).constData(), &st) == 0 ? int(st.st_mode & 0777) : -1;
+            };
+            QCOMPARE(mode(dir), 0700);
+            for (const char *suffix : {"", "-wal", "-shm"})
+                QCOMPARE(mode(p.databasePath() + QLatin1String(suffix)), 0600);
+        }
+        ::umask(old);
     }
 
-    void unreadableFileIsKeptAside()
+    void transactionsCommitOnceAtTheOutermostEnd()
     {
-        QTemporaryDir dir;
-        QFile f(dir.filePath(QStringLiteral("preferences.json")));
-        QVERIFY(f.open(QIODevice::WriteOnly));
-        f.write("{not json");
-        f.close();
-        FilePreferencesStore p(dir.path());
-        QVERIFY(!p.contains(QStringLiteral("listNames")));
-        p.setString(QStringLiteral("appColorScheme"), QStringLiteral("light"));
-        QFile kept(dir.filePath(QStringLiteral("preferences.json.unreadable")));
-        QVERIFY(kept.open(QIODevice::ReadOnly));
-        QCOMPARE(kept.readAll(), QByteArray("{not json"));
+        MemoryPreferencesStore p;
+        {
+            PreferencesStore::Transaction outer(p);
+            p.setString(scheme, QStringLiteral("dark"));
+            {
+                PreferencesStore::Transaction inner(p);
+                p.setInteger(selection, 2);
+            }
+            QCOMPARE(p.commitCount(), 0);
+            // Reads see the open transaction's values.
+            QCOMPARE(p.integer(selection), qint64(2));
+        }
+        QCOMPARE(p.commitCount(), 1);
+        QCOMPARE(p.writtenKeys(), QStringList({scheme, selection}));
     }
 
-    void writesReplaceFilesWholeAndLeaveNoTemporaries()
+    void aFailedSaveIsShownKeptAndRetried()
     {
-        QTemporaryDir dir;
-        FilePreferencesStore p(dir.path());
-        const QByteArray big(3 * 1024 * 1024, 'x');
-        p.setData(QStringLiteral("items"), big);
-        p.setData(QStringLiteral("items"), QByteArray("[]"));
-        p.setStringList(QStringLiteral("listNames"), {QStringLiteral("a")});
-        QCOMPARE(QDir(dir.path()).entryList(QDir::Files), QStringList({"items.bin", "preferences.json"}));
-        QCOMPARE(FilePreferencesStore(dir.path()).data(QStringLiteral("items")), QByteArray("[]"));
+        MemoryPreferencesStore p;
+        QSignalSpy changed(&p.status(), &StoreStatus::messageChanged);
+        p.setFailWrites(true);
+        p.setString(scheme, QStringLiteral("dark"));
+        QVERIFY(p.status().saveFailing());
+        QVERIFY(p.status().message().contains(QStringLiteral("not being saved")));
+        QVERIFY(!p.status().dismissable());
+        QVERIFY(p.hasUnsavedChanges());
+        QCOMPARE(p.string(scheme), QStringLiteral("dark")); // the screen and the store agree
+        QVERIFY(!p.retrySave());
 
-        // A key moving from one type to another leaves only the new value behind.
-        p.setString(QStringLiteral("items"), QStringLiteral("s"));
-        QVERIFY(!QFile::exists(dir.filePath(QStringLiteral("items.bin"))));
-        p.remove(QStringLiteral("items"));
-        QVERIFY(!FilePreferencesStore(dir.path()).contains(QStringLiteral("items")));
+        p.setFailWrites(false);
+        p.setInteger(selection, 1); // the next commit carries the earlier change too
+        QCOMPARE(p.writtenKeys(), QStringList({scheme, selection}));
+        QVERIFY(!p.hasUnsavedChanges());
+        QVERIFY(p.status().message().isEmpty());
+        QCOMPARE(changed.count(), 2);
     }
 
-    void keysThatCannotBeFileNamesAreRefused()
+    void aStoreThatCannotOpenKeepsChangesUntilItCan()
     {
         QTemporaryDir dir;
-        FilePreferencesStore p(dir.path());
-        p.setData(QStringLiteral("../escape"), QByteArray("x"));
-        QVERIFY(!QFile::exists(dir.filePath(QStringLiteral("../escape.bin"))));
-        QVERIFY(!p.data(QStringLiteral("../escape")).has_value());
+        QTemporaryDir elsewhere;
+        SqlitePreferencesStore(elsewhere.path()).setStringList(names, {QStringLiteral("on disk")});
+        // Something in the way of the database file.
+        QVERIFY(QDir(dir.path()).mkdir(SqlitePreferencesStore::databaseName()));
+        SqlitePreferencesStore p(dir.path());
+        QVERIFY(!p.isOpen());
+        QVERIFY(p.status().saveFailing());
+        p.setStringList(names, {QStringLiteral("kept")});
+        QCOMPARE(p.stringList(names), QStringList{QStringLiteral("kept")});
+        QVERIFY(p.hasUnsavedChanges());
+
+        // The database turns up: what it held and the app never saw is
+        // copied before the waiting change replaces it.
+        QVERIFY(QDir(dir.path()).rmdir(SqlitePreferencesStore::databaseName()));
+        QVERIFY(QFile::copy(elsewhere.filePath(SqlitePreferencesStore::databaseName()),
+                            dir.filePath(SqlitePreferencesStore::databaseName())));
+        QVERIFY(p.retrySave());
+        QVERIFY(!p.status().saveFailing());
+        QCOMPARE(SqlitePreferencesStore(dir.path()).stringList(names), QStringList{QStringLiteral("kept")});
+        QCOMPARE(Raw(dir.path()).copies(names), QVariantList{QStringLiteral("[\"on disk\"]")});
+    }
+
+    void unreadableRowsAreCopiedBeforeTheyAreReplaced_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QVariant>("stored");
+        QTest::newRow("names with a number") << names << 1 << QVariant(QStringLiteral("[\"a\",1]"));
+        QTest::newRow("names not JSON") << names << 1 << QVariant(QStringLiteral("[\"a\""));
+        QTest::newRow("integer as text") << selection << 3 << QVariant(QStringLiteral("2"));
+        QTest::newRow("data as text") << items << 2 << QVariant(QStringLiteral("[]"));
+        QTest::newRow("unknown type") << scheme << 9 << QVariant(QByteArray("dark\xff", 5));
+    }
+
+    void unreadableRowsAreCopiedBeforeTheyAreReplaced()
+    {
+        QFETCH(QString, key);
+        QFETCH(int, type);
+        QFETCH(QVariant, stored);
+        QTemporaryDir dir;
+        SqlitePreferencesStore(dir.path()).setString(QStringLiteral("other"), QStringLiteral("x"));
+        Raw raw(dir.path());
+        raw.put(key, type, stored);
+        for (int start = 0; start < 2; ++start) {
+            SqlitePreferencesStore p(dir.path());
+            QVERIFY(!p.contains(key));
+            QVERIFY(p.status().message().contains(SqlitePreferencesStore::databaseName()));
+            p.status().dismiss();
+            QVERIFY(p.status().message().isEmpty());
+        }
+        // Copied once however often it was opened, byte for byte.
+        QCOMPARE(raw.copies(key), QVariantList{stored});
+        SqlitePreferencesStore p(dir.path());
+        p.setString(key, QStringLiteral("new"));
+        QCOMPARE(SqlitePreferencesStore(dir.path()).string(key), QStringLiteral("new"));
+        QCOMPARE(raw.copies(key), QVariantList{stored});
+    }
+
+    void copiesAddUpAndTypeChangesAreKept()
+    {
+        QTemporaryDir dir;
+        SqlitePreferencesStore p(dir.path());
+        p.setData(items, "first");
+        p.keepCopy(items);
+        p.keepCopy(items);
+        p.setData(items, "second");
+        p.keepCopy(items);
+        p.status().dismiss();
+        p.setString(items, QStringLiteral("a string now"));
+        QVERIFY(!p.status().message().isEmpty());
+        Raw raw(dir.path());
+        QCOMPARE(raw.copies(items), QVariantList({QByteArray("first"), QByteArray("second")}));
+        p.setInteger(items, 1);
+        QCOMPARE(raw.copies(items).last(), QVariant(QStringLiteral("a string now")));
+    }
+
+    void oldFilesAreImportedOnceAndKept()
+    {
+        QTemporaryDir dir;
+        const QByteArray json = R"({"listNames":["a",1],"selectedListIndex":2,"appColorScheme":"dark",)"
+                                R"("selectedThemeKey":["pink"],"flag":true})";
+        const QByteArray document = "[[\xc3\xa9]] not even JSON";
+        writeFile(dir.filePath(QStringLiteral("preferences.json")), json);
+        writeFile(dir.filePath(QStringLiteral("items.bin")), document);
+        writeFile(dir.filePath(QStringLiteral("items.bin.Ab12Cd")), "half a save");
+        {
+            SqlitePreferencesStore p(dir.path());
+            QCOMPARE(p.data(items), document);
+            QCOMPARE(p.integer(selection), qint64(2));
+            QCOMPARE(p.string(scheme), QStringLiteral("dark"));
+            QVERIFY(!p.contains(names)); // unreadable, and copied
+            QVERIFY(!p.contains(QStringLiteral("flag")));
+            p.setInteger(selection, 5);
+        }
+        QCOMPARE(QDir(dir.path()).entryList({QStringLiteral("*.json*"), QStringLiteral("items.bin*")}, QDir::Files),
+                 QStringList({"items.bin.migrated", "preferences.json.migrated"}));
+        // A file put back by hand is not imported a second time.
+        writeFile(dir.filePath(QStringLiteral("preferences.json")), R"({"selectedListIndex":9})");
+        QCOMPARE(SqlitePreferencesStore(dir.path()).integer(selection), qint64(5));
+        Raw raw(dir.path());
+        QCOMPARE(raw.copies(names), QVariantList{QStringLiteral("[\"a\",1]")});
+        QCOMPARE(raw.copies(QStringLiteral("flag")), QVariantList{QByteArray("[true]")});
+
+        QTemporaryDir broken;
+        writeFile(broken.filePath(QStringLiteral("preferences.json")), "{not json");
+        SqlitePreferencesStore p(broken.path());
+        QVERIFY(p.status().message().contains(QStringLiteral("could not be read")));
+        QCOMPARE(Raw(broken.path()).copies(QStringLiteral("preferences.json")), QVariantList{QByteArray("{not json")});
     }
 };
 

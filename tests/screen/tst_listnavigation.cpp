@@ -39,9 +39,14 @@ private slots:
         Screen s(QStringList{"Home", "Work"}, QVariant(qint64(1)));
         s.add("milk");
         QSignalSpy header(&s.lists(), &ListNavigation::scrollHeaderToSelected);
+        s.prefs.resetWriteLog();
         s.lists().addList();
         QCOMPARE(s.store().listNames(), (QStringList{"New List", "Home", "Work"}));
         QCOMPARE(s.storedIndex(), qint64(0));
+        // Names, items and selection in one commit.
+        QCOMPARE(s.prefs.commitCount(), 1);
+        QCOMPARE(s.prefs.writtenKeys(),
+                 (QStringList{PreferenceKeys::items, PreferenceKeys::listNames, PreferenceKeys::selectedListIndex}));
         QVERIFY(s.lists().isSelectedListEmpty());
         QVERIFY(!s.lists().canMoveListLeft());
         QCOMPARE(header.last()[0].toInt(), 500);

@@ -3,28 +3,38 @@
 #include "PreferencesStore.h"
 
 #include <QHash>
+#include <QList>
+#include <utility>
 
 // Keeps values in memory only; for tests and as the fallback standard store.
 class MemoryPreferencesStore : public PreferencesStore
 {
 public:
-    void remove(const QString &key) override { m_values.remove(key); }
+    void keepCopy(const QString &key) override;
+
     // Stores a value of any type, so tests can plant wrongly typed entries.
     void setRawForTest(const QString &key, const QVariant &value) { m_values.insert(key, value); }
-    int writeCount() const { return m_writes; }
+    // While set, every commit fails as a full disk would.
+    void setFailWrites(bool fail) { m_failWrites = fail; }
+    // Successful commits, and the keys they wrote (one entry per key).
+    int commitCount() const { return m_commits; }
+    int writeCount() const { return int(m_writtenKeys.size()); }
     QStringList writtenKeys() const { return m_writtenKeys; }
     void resetWriteLog()
     {
-        m_writes = 0;
+        m_commits = 0;
         m_writtenKeys.clear();
     }
+    const QList<std::pair<QString, QVariant>> &copies() const { return m_copies; }
 
 protected:
-    QVariant rawValue(const QString &key) const override { return m_values.value(key); }
-    void setRawValue(const QString &key, const QVariant &value) override;
+    QVariant storedValue(const QString &key) const override { return m_values.value(key); }
+    bool writeChanges(const Changes &changes, QString &error) override;
 
 private:
     QHash<QString, QVariant> m_values;
-    int m_writes = 0;
     QStringList m_writtenKeys;
+    QList<std::pair<QString, QVariant>> m_copies;
+    int m_commits = 0;
+    bool m_failWrites = false;
 };

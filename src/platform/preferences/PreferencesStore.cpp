@@ -2,6 +2,7 @@
 
 #include "MemoryPreferencesStore.h"
 
+PreferencesStore::PreferencesStore() = default;
 PreferencesStore::~PreferencesStore() = default;
 
 std::optional<QStringList> PreferencesStore::stringList(const QString &key) const
@@ -54,4 +55,51 @@ void PreferencesStore::setInteger(const QString &key, qint64 value)
 void PreferencesStore::setString(const QString &key, const QString &value)
 {
     setRawValue(key, QVariant::fromValue(value));
+}
+
+void PreferencesStore::remove(const QString &key)
+{
+    setRawValue(key, QVariant());
+}
+
+QVariant PreferencesStore::rawValue(const QString &key) const
+{
+    const auto it = m_pending.constFind(key);
+    return it != m_pending.constEnd() ? *it : storedValue(key);
+}
+
+void PreferencesStore::setRawValue(const QString &key, const QVariant &value)
+{
+    beginChanges();
+    m_pending.insert(key, value);
+    commitChanges();
+}
+
+void PreferencesStore::beginChanges()
+{
+    ++m_depth;
+}
+
+bool PreferencesStore::commitChanges()
+{
+    Q_ASSERT(m_depth > 0);
+    if (m_depth > 0 && --m_depth > 0)
+        return true;
+    return retrySave();
+}
+
+bool PreferencesStore::retrySave()
+{
+    if (m_depth > 0 || m_pending.isEmpty())
+        return true;
+    QString error;
+    if (!writeChanges(m_pending, error)) {
+        // Kept: reads still see them and the next commit carries them.
+        m_status.setSaveError(error.isEmpty() ? QStringLiteral("unknown error") : error);
+        saveFailed();
+        return false;
+    }
+    m_pending.clear();
+    m_status.setSaveError(QString());
+    return true;
 }

@@ -1,0 +1,473 @@
+#include "SqlitePreferencesStore.h"
+
+#include <QAtomicInt>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QStandardPaths>
+#include <cmath>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int retryIntervalMs = 3000;
+
+QString describe(const QSqlError &e)
+{
+    const QString text = e.databaseText().isEmpty() ? e.text() : e.databaseText();
+    return text.isEmpty() ? QStringLiteral("database error") : text;
+}
+
+bool exec(QSqlDatabase &db, const QString &sql, QString &error)
+{
+    QSqlQuery q(db);
+    if (q.exec(sql))
+        return true;
+    error = describe(q.lastError());
+    return false;
+}
+
+// Creates the file if needed and narrows an existing one to its owner.
+void makePrivateFile(const QString &path, bool create)
+{
+    const QByteArray p = QFile::encodeName(path);
+    if (create) {
+        const int fd = ::open(p.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+        if (fd >= 0)
+            ::close(fd);
+    }
+    ::chmod(p.constData(), 0600);
+}
+
+QByteArray encodeStringList(const QStringList &list)
+{
+    return QJsonDocument(QJsonArray::fromStringList(list)).toJson(QJsonDocument::Compact);
+}
+
+// The decoded value of a row, or an invalid QVariant when its bytes do not
+// hold what its type says.
+QVariant decodeRow(int type, const QString &sqlType, const QVariant &value)
+{
+    switch (type) {
+    case SqlitePreferencesStore::StringListType: {
+        if (sqlType != u"text")
+            return {};
+        QJsonParseError error;
+        const QJsonDocument doc = QJsonDocument::fromJson(value.toString().toUtf8(), &error);
+        if (error.error != QJsonParseError::NoError || !doc.isArray())
+            return {};
+        QStringList list;
+        for (const QJsonValue &e : doc.array()) {
+            if (!e.isString())
+                return {};
+            list.append(e.toString());
+        }
+        return QVariant::fromValue(list);
+    }
+    case SqlitePreferencesStore::DataType:
+        if (sqlType != u"blob")
+            return {};
+        return QVariant::fromValue(value.toByteArray());
+    case SqlitePreferencesStore::IntegerType:
+        if (sqlType != u"integer")
+            return {};
+        return QVariant::fromValue(value.toLongLong());
+    case SqlitePreferencesStore::StringType:
+        if (sqlType != u"text")
+            return {};
+        return QVariant::fromValue(value.toString());
+    default:
+        return {};
+    }
+}
+
+// The row type and bound value of a value the app writes. Qt binds null
+// strings and byte arrays as SQL NULL; empty ones keep their type.
+std::pair<int, QVariant> encodeValue(const QVariant &v)
+{
+    switch (v.typeId()) {
+    case QMetaType::QStringList:
+        return {SqlitePreferencesStore::StringListType, QString::fromUtf8(encodeStringList(v.toStringList()))};
+    case QMetaType::QByteArray: {
+        const QByteArray bytes = v.toByteArray();
+        return {SqlitePreferencesStore::DataType, bytes.isNull() ? QByteArray("", 0) : bytes};
+    }
+    case QMetaType::LongLong:
+        return {SqlitePreferencesStore::IntegerType, v};
+    default: {
+        const QString s = v.toString();
+        return {SqlitePreferencesStore::StringType, s.isNull() ? QStringLiteral("") : s};
+    }
+    }
+}
+
+QString displayPath(const QString &path)
+{
+    const QString home = QDir::homePath();
+    if (!home.isEmpty() && home != u"/" && path.startsWith(home + u'/'))
+        return u'~' + path.mid(home.size());
+    return path;
+}
+
+} // namespace
+
+SqlitePreferencesStore::SqlitePreferencesStore(const QString &directory)
+    : m_dir(QDir::cleanPath(directory))
+{
+    static QAtomicInt serial;
+    m_connection = QStringLiteral("murvane-prefs-%1").arg(serial.fetchAndAddRelaxed(1));
+    m_retry.setSingleShot(true);
+    m_retry.setInterval(retryIntervalMs);
+    QObject::connect(&m_retry, &QTimer::timeout, [this] { retrySave(); });
+
+    QString error;
+    if (open(error)) {
+        importOldFiles();
+        load();
+    } else {
+        // Nothing to read; whatever the app writes waits in memory, the
+        // notice says so, and each commit tries to open again.
+        status().setSaveError(error);
+    }
+}
+
+SqlitePreferencesStore::~SqlitePreferencesStore()
+{
+    if (m_open) {
+        QSqlDatabase::database(m_connection, false).close();
+    }
+    QSqlDatabase::removeDatabase(m_connection);
+}
+
+QString SqlitePreferencesStore::defaultDirectory()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+}
+
+QString SqlitePreferencesStore::databasePath() const
+{
+    return m_dir + u'/' + databaseName();
+}
+
+bool SqlitePreferencesStore::open(QString &error)
+{
+    if (!QDir().mkpath(m_dir)) {
+        error = QStringLiteral("cannot create %1").arg(displayPath(m_dir));
+        return false;
+    }
+    ::chmod(QFile::encodeName(m_dir).constData(), 0700);
+    // SQLite gives its -wal and -shm files the database file's mode.
+    makePrivateFile(databasePath(), true);
+    for (const char *suffix : {"-wal", "-shm"}) {
+        if (QFile::exists(databasePath() + QLatin1String(suffix)))
+            makePrivateFile(databasePath() + QLatin1String(suffix), false);
+    }
+
+    QSqlDatabase db = QSqlDatabase::contains(m_connection) ? QSqlDatabase::database(m_connection, false)
+                                                           : QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connection);
+    if (!db.isValid()) {
+        error = QStringLiteral("the SQLite driver is missing");
+        return false;
+    }
+    db.setDatabaseName(databasePath());
+    if (!db.open()) {
+        error = describe(db.lastError());
+        return false;
+    }
+    // Large pages keep the item document's chain of overflow pages short
+    // (only takes effect on a new database). WAL with full syncs: a commit
+    // is on disk when it returns, and a crash at any point leaves the last
+    // committed state. The log is checkpointed at about 64 MB, so a large
+    // document is not copied a second time on every save.
+    if (!exec(db, QStringLiteral("PRAGMA page_size=65536"), error)
+        || !exec(db, QStringLiteral("PRAGMA journal_mode=WAL"), error)
+        || !exec(db, QStringLiteral("PRAGMA synchronous=FULL"), error)
+        || !exec(db, QStringLiteral("PRAGMA wal_autocheckpoint=1000"), error)
+        || !exec(db, QStringLiteral("PRAGMA journal_size_limit=67108864"), error)
+        || !exec(db, QStringLiteral("PRAGMA cache_size=-32768"), error) || !createSchema(error)) {
+        db.close();
+        return false;
+    }
+    m_open = true;
+    return true;
+}
+
+bool SqlitePreferencesStore::createSchema(QString &error)
+{
+    QSqlDatabase db = QSqlDatabase::database(m_connection, false);
+    return exec(db,
+                QStringLiteral("CREATE TABLE IF NOT EXISTS prefs (key TEXT PRIMARY KEY NOT NULL, "
+                               "type INTEGER NOT NULL, value)"),
+                error)
+        && exec(db,
+                QStringLiteral("CREATE TABLE IF NOT EXISTS recovered (id INTEGER PRIMARY KEY, at TEXT NOT NULL, "
+                               "key TEXT NOT NULL, type INTEGER, value)"),
+                error)
+        && exec(db, QStringLiteral("CREATE TABLE IF NOT EXISTS meta (key TEXT PRIMARY KEY NOT NULL, value)"), error);
+}
+
+void SqlitePreferencesStore::load()
+{
+    QSqlDatabase db = QSqlDatabase::database(m_connection, false);
+    m_values.clear();
+    m_types.clear();
+    m_unreadable.clear();
+    QSqlQuery q(db);
+    q.setForwardOnly(true);
+    if (!q.exec(QStringLiteral("SELECT key, type, typeof(value), value FROM prefs")))
+        return;
+    while (q.next()) {
+        const QString key = q.value(0).toString();
+        const int type = q.value(1).toInt();
+        m_types.insert(key, type);
+        const QVariant value = decodeRow(type, q.value(2).toString(), q.value(3));
+        if (value.isValid())
+            m_values.insert(key, value);
+        else
+            m_unreadable.insert(key);
+    }
+    // Unreadable rows read as absent, so the app will write defaults over
+    // them: keep their bytes first.
+    for (const QString &key : std::as_const(m_unreadable))
+        keepCopy(key);
+}
+
+bool SqlitePreferencesStore::copyRow(const QString &key, QString &error)
+{
+    QSqlDatabase db = QSqlDatabase::database(m_connection, false);
+    // The same bytes as the latest copy need no second copy.
+    QSqlQuery same(db);
+    same.prepare(QStringLiteral(
+        "SELECT 1 FROM prefs p, (SELECT type, value FROM recovered WHERE key = :k ORDER BY id DESC LIMIT 1) r "
+        "WHERE p.key = :k AND p.type IS r.type AND typeof(p.value) = typeof(r.value) "
+        "AND CAST(p.value AS BLOB) = CAST(r.value AS BLOB)"));
+    same.bindValue(QStringLiteral(":k"), key);
+    if (!same.exec()) {
+        error = describe(same.lastError());
+        return false;
+    }
+    if (same.next())
+        return true;
+    QSqlQuery q(db);
+    q.prepare(QStringLiteral("INSERT INTO recovered (at, key, type, value) "
+                             "SELECT :at, key, type, value FROM prefs WHERE key = :k"));
+    q.bindValue(QStringLiteral(":at"), QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs));
+    q.bindValue(QStringLiteral(":k"), key);
+    if (!q.exec()) {
+        error = describe(q.lastError());
+        return false;
+    }
+    return true;
+}
+
+void SqlitePreferencesStore::keepCopy(const QString &key)
+{
+    if (!m_open || !m_types.contains(key))
+        return;
+    QString error;
+    if (!copyRow(key, error)) {
+        // Then the write that replaces it makes the copy in its own
+        // transaction, or fails and shows.
+        m_unreadable.insert(key);
+        return;
+    }
+    status().noteRecovered(recoveredPlace());
+}
+
+QString SqlitePreferencesStore::recoveredPlace() const
+{
+    return QStringLiteral("the table \u201crecovered\u201d of %1").arg(displayPath(databasePath()));
+}
+
+bool SqlitePreferencesStore::writeChanges(const Changes &changes, QString &error)
+{
+    // Opened only now: the app never saw what the disk holds, so every row
+    // it is about to replace is copied first.
+    const bool unseen = !m_open;
+    if (!m_open) {
+        if (!open(error))
+            return false;
+        importOldFiles();
+        load();
+    }
+    QSqlDatabase db = QSqlDatabase::database(m_connection, false);
+    if (!exec(db, QStringLiteral("BEGIN IMMEDIATE"), error))
+        return false;
+    bool ok = true;
+    QSqlQuery put(db);
+    QSqlQuery del(db);
+    put.prepare(QStringLiteral("INSERT OR REPLACE INTO prefs (key, type, value) VALUES (?, ?, ?)"));
+    del.prepare(QStringLiteral("DELETE FROM prefs WHERE key = ?"));
+    QHash<QString, int> newTypes;
+    bool copied = false;
+    for (auto it = changes.cbegin(); ok && it != changes.cend(); ++it) {
+        const QString &key = it.key();
+        const auto oldType = m_types.constFind(key);
+        if (!it->isValid()) {
+            if (oldType != m_types.cend() && (unseen || m_unreadable.contains(key))) {
+                ok = copyRow(key, error);
+                copied = true;
+            }
+            del.bindValue(0, key);
+            ok = ok && del.exec();
+            if (!ok && error.isEmpty())
+                error = describe(del.lastError());
+            continue;
+        }
+        const auto [type, bound] = encodeValue(*it);
+        // A value of another type, or one that could not be read, goes to
+        // the recovered copies before it is replaced.
+        if (oldType != m_types.cend() && (unseen || *oldType != type || m_unreadable.contains(key))) {
+            ok = copyRow(key, error);
+            copied = true;
+        }
+        put.bindValue(0, key);
+        put.bindValue(1, type);
+        put.bindValue(2, bound);
+        ok = ok && put.exec();
+        if (!ok && error.isEmpty())
+            error = describe(put.lastError());
+        newTypes.insert(key, type);
+    }
+    put.finish();
+    del.finish();
+    if (ok)
+        ok = exec(db, QStringLiteral("COMMIT"), error);
+    if (!ok) {
+        QString ignored;
+        exec(db, QStringLiteral("ROLLBACK"), ignored);
+        return false;
+    }
+    for (auto it = changes.cbegin(); it != changes.cend(); ++it) {
+        m_unreadable.remove(it.key());
+        if (it->isValid()) {
+            m_values.insert(it.key(), *it);
+            m_types.insert(it.key(), newTypes.value(it.key()));
+        } else {
+            m_values.remove(it.key());
+            m_types.remove(it.key());
+        }
+    }
+    m_retry.stop();
+    if (copied)
+        status().noteRecovered(recoveredPlace());
+    return true;
+}
+
+void SqlitePreferencesStore::saveFailed()
+{
+    m_retry.start();
+}
+
+// ---- the files of earlier versions ---------------------------------------
+
+// Earlier versions kept preferences.json (a JSON object of typed values) and
+// items.bin (the raw item document). They are imported once, in one
+// transaction, then renamed with ".migrated" so that nothing is lost and
+// nothing is imported twice.
+void SqlitePreferencesStore::importOldFiles()
+{
+    const QString jsonPath = m_dir + QStringLiteral("/preferences.json");
+    const QString binPath = m_dir + QStringLiteral("/items.bin");
+    if (!QFile::exists(jsonPath) && !QFile::exists(binPath))
+        return;
+    QSqlDatabase db = QSqlDatabase::database(m_connection, false);
+    QSqlQuery done(db);
+    if (!done.exec(QStringLiteral("SELECT 1 FROM meta WHERE key = 'importedOldFiles'")))
+        return;
+    const bool imported = done.next();
+    done.finish();
+
+    if (!imported) {
+        // A file that is there but cannot be read now is left for a later
+        // start rather than passed over.
+        for (const QString &path : {jsonPath, binPath}) {
+            QFile file(path);
+            if (file.exists() && !file.open(QIODevice::ReadOnly))
+                return;
+        }
+        QString error;
+        if (!exec(db, QStringLiteral("BEGIN IMMEDIATE"), error))
+            return;
+        const QString at = QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs);
+        auto put = [&](const QString &table, const QString &key, int type, const QVariant &value) {
+            QSqlQuery q(db);
+            q.prepare(table == u"prefs" ? QStringLiteral("INSERT OR REPLACE INTO prefs (key, type, value) VALUES (?, ?, ?)")
+                                        : QStringLiteral("INSERT INTO recovered (key, type, value, at) VALUES (?, ?, ?, ?)"));
+            q.addBindValue(key);
+            q.addBindValue(type);
+            q.addBindValue(value);
+            if (table != u"prefs")
+                q.addBindValue(at);
+            return q.exec();
+        };
+        bool ok = true;
+        bool recovered = false;
+        QFile json(jsonPath);
+        if (json.open(QIODevice::ReadOnly)) {
+            const QByteArray bytes = json.readAll();
+            const QJsonDocument doc = QJsonDocument::fromJson(bytes);
+            if (doc.isObject()) {
+                const QJsonObject object = doc.object();
+                for (auto it = object.begin(); ok && it != object.end(); ++it) {
+                    const QJsonValue v = it.value();
+                    const double d = v.toDouble();
+                    if (v.isString())
+                        ok = put(QStringLiteral("prefs"), it.key(), StringType, v.toString());
+                    else if (v.isDouble() && std::isfinite(d) && std::floor(d) == d && std::fabs(d) < 9.0e15)
+                        ok = put(QStringLiteral("prefs"), it.key(), IntegerType, qint64(d));
+                    else if (v.isArray())
+                        // Kept as written; an entry that is not a string makes
+                        // it unreadable, and it is then copied like any other.
+                        ok = put(QStringLiteral("prefs"), it.key(), StringListType,
+                                 QString::fromUtf8(QJsonDocument(v.toArray()).toJson(QJsonDocument::Compact)));
+                    else {
+                        ok = put(QStringLiteral("recovered"), it.key(), 0,
+                                 QJsonDocument(QJsonArray{v}).toJson(QJsonDocument::Compact));
+                        recovered = true;
+                    }
+                }
+            } else {
+                ok = put(QStringLiteral("recovered"), QStringLiteral("preferences.json"), 0, bytes);
+                recovered = true;
+            }
+        }
+        QFile bin(binPath);
+        if (ok && bin.open(QIODevice::ReadOnly)) {
+            QByteArray bytes = bin.readAll();
+            ok = put(QStringLiteral("prefs"), PreferenceKeys::items, DataType, bytes.isNull() ? QByteArray("", 0) : bytes);
+        }
+        QSqlQuery mark(db);
+        mark.prepare(QStringLiteral("INSERT INTO meta (key, value) VALUES ('importedOldFiles', ?)"));
+        mark.addBindValue(at);
+        ok = ok && mark.exec();
+        mark.finish();
+        if (!ok || !exec(db, QStringLiteral("COMMIT"), error)) {
+            exec(db, QStringLiteral("ROLLBACK"), error);
+            return;
+        }
+        if (recovered)
+            status().noteRecovered(recoveredPlace());
+    }
+    for (const QString &path : {jsonPath, binPath}) {
+        if (QFile::exists(path) && !QFile::exists(path + QStringLiteral(".migrated"))
+            && QFile::rename(path, path + QStringLiteral(".migrated")))
+            makePrivateFile(path + QStringLiteral(".migrated"), false);
+    }
+    // Half-written temporaries of the old atomic saves.
+    const QStringList leftovers = QDir(m_dir).entryList({QStringLiteral("items.bin.??????"),
+                                                         QStringLiteral("preferences.json.??????")},
+                                                        QDir::Files);
+    for (const QString &name : leftovers) {
+        if (!name.endsWith(QStringLiteral(".migrated")))
+            QFile::remove(m_dir + u'/' + name);
+    }
+}

@@ -1,0 +1,226 @@
+// Kills a process in the middle of store operations, again and again, and
+// checks what the disk holds afterwards: exactly the state after the last
+// acknowledged operation or after the one in flight, never a mix of keys,
+// never less than what was acknowledged.
+//
+// The same binary is the child: `tst_storecrash --child <dir> <seed>` runs
+// a seeded script of operations and acknowledges each on standard output.
+// MURVANE_CRASH_ROUNDS sets the number of rounds (default 200).
+#include "model/ItemsCodec.h"
+#include "model/ListItems.h"
+#include "platform/preferences/MemoryPreferencesStore.h"
+#include "platform/preferences/SqlitePreferencesStore.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QThread>
+#include <cstdio>
+#include <unistd.h>
+
+namespace {
+
+constexpr int templateItems = 10000;
+
+// What a test compares: every key the operations write.
+struct Snapshot
+{
+    std::optional<QStringList> names;
+    std::optional<QByteArray> items;
+    std::optional<qint64> selection;
+    bool operator==(const Snapshot &) const = default;
+};
+
+Snapshot snapshot(const PreferencesStore &p)
+{
+    return {p.stringList(PreferenceKeys::listNames), p.data(PreferenceKeys::items),
+            p.integer(PreferenceKeys::selectedListIndex)};
+}
+
+// A deterministic stream of item and list operations, the way the screen
+// drives the store; some list operations write the selection in the same
+// transaction.
+class Script
+{
+public:
+    explicit Script(quint32 seed)
+        : m_rng(seed)
+    {
+    }
+
+    void step(ListItems &store, PreferencesStore &prefs)
+    {
+        const qint64 n = store.listCount();
+        const qint64 list = m_rng.bounded(int(n));
+        const ItemList items = store.itemsAt(list);
+        const qsizetype pos = items.isEmpty() ? -1 : m_rng.bounded(int(items.size()));
+        const int kind = m_rng.bounded(12);
+        const QString text = QStringLiteral("step %1 \"%2\"").arg(m_step++).arg(m_rng.generate());
+        if (pos < 0 && kind < 7) {
+            store.addItem(newItem(text), list);
+            return;
+        }
+        switch (kind) {
+        case 0: store.addItem(newItem(text), list); break;
+        case 1: store.updateItemText(items[pos].id, list, text); break;
+        case 2: store.setState(items[pos].isDone() ? ListItemState::toDo : ListItemState::done, items[pos].id, list); break;
+        case 3: store.setPinned(!items[pos].isPinned, items[pos].id, list); break;
+        case 4: store.deleteItems({pos}, list); break;
+        case 5: store.moveItems({pos}, m_rng.bounded(int(items.size()) + 1), list); break;
+        case 6: store.sortItems(list, m_rng.bounded(2) == 0, m_rng.bounded(2) == 0); break;
+        case 7: store.renameList(list, text); break;
+        case 8: store.addList(); break;
+        case 9: store.deleteList(n > 1 ? list : -1); break;
+        default: {
+            // As the screen does it: the operation and the selection together.
+            PreferencesStore::Transaction transaction(prefs);
+            qint64 selected = 0;
+            if (kind == 10 || list + 1 >= n) {
+                store.addList();
+            } else {
+                store.moveList(list, list + 1);
+                selected = list + 1;
+            }
+            prefs.setInteger(PreferenceKeys::selectedListIndex, store.clampSelection(selected));
+        }
+        }
+    }
+
+private:
+    ListItem newItem(const QString &text)
+    {
+        const quint64 a = m_rng.generate64();
+        const quint64 b = m_rng.generate64();
+        QUuid id(uint(a), ushort(a >> 32), ushort((a >> 48 & 0x0fff) | 0x4000), uchar(0x80 | (b & 0x3f)),
+                 uchar(b >> 8), uchar(b >> 16), uchar(b >> 24), uchar(b >> 32), uchar(b >> 40), uchar(b >> 48),
+                 uchar(b >> 56));
+        return ListItem{id, text, ListItemState::toDo, false};
+    }
+
+    QRandomGenerator m_rng;
+    int m_step = 0;
+};
+
+int runChild(const QString &dir, quint32 seed)
+{
+    SqlitePreferencesStore prefs(dir);
+    ListItems store(prefs);
+    Script script(seed);
+    ::write(STDOUT_FILENO, "ready\n", 6);
+    for (int k = 1;; ++k) {
+        script.step(store, prefs);
+        // Acknowledged only once the operation has returned.
+        const QByteArray ack = QByteArray::number(k) + '\n';
+        if (::write(STDOUT_FILENO, ack.constData(), size_t(ack.size())) != ack.size())
+            return 1;
+    }
+}
+
+} // namespace
+
+class TestStoreCrash : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+    QString m_template;
+    Snapshot m_start;
+
+private slots:
+    void initTestCase()
+    {
+        m_template = m_dir.filePath(QStringLiteral("template"));
+        SqlitePreferencesStore prefs(m_template);
+        QList<ItemList> lists(12);
+        for (int i = 0; i < templateItems; ++i) {
+            ListItem item = ListItem::create(QStringLiteral("Item %1 to buy").arg(i));
+            item.isPinned = i % 97 == 0;
+            item.state = i % 3 == 0 ? ListItemState::done : ListItemState::toDo;
+            lists[i % 12].append(item);
+        }
+        PreferencesStore::Transaction transaction(prefs);
+        prefs.setStringList(PreferenceKeys::listNames, ListItems::defaultListNames());
+        prefs.setData(PreferenceKeys::items, ItemsCodec::encode(lists));
+        prefs.setInteger(PreferenceKeys::selectedListIndex, 0);
+        QVERIFY(transaction.commit());
+        m_start = snapshot(prefs);
+    }
+
+    void killedAtRandomMomentsLosesNothing()
+    {
+        const int rounds = qEnvironmentVariableIsSet("MURVANE_CRASH_ROUNDS")
+            ? qEnvironmentVariableIntValue("MURVANE_CRASH_ROUNDS")
+            : 200;
+        auto *rng = QRandomGenerator::global();
+        const QString db = SqlitePreferencesStore::databaseName();
+        int inFlightLanded = 0;
+        int totalAcks = 0;
+        for (int round = 0; round < rounds; ++round) {
+            const QString dir = m_dir.filePath(QStringLiteral("round"));
+            QDir(dir).removeRecursively();
+            QVERIFY(QDir().mkpath(dir));
+            QVERIFY(QFile::copy(m_template + u'/' + db, dir + u'/' + db));
+            const quint32 seed = rng->generate();
+
+            QProcess child;
+            child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+            child.start(QCoreApplication::applicationFilePath(),
+                        {QStringLiteral("--child"), dir, QString::number(seed)});
+            QVERIFY(child.waitForStarted());
+            QByteArray out;
+            while (!out.contains("ready\n") && child.waitForReadyRead(10000))
+                out += child.readAllStandardOutput();
+            QVERIFY2(out.contains("ready\n"), "the child never opened the store");
+            QThread::usleep(rng->bounded(80000));
+            child.kill();
+            QVERIFY(child.waitForFinished());
+            out += child.readAllStandardOutput();
+            const QList<QByteArray> lines = out.split('\n');
+            int acked = 0;
+            for (const QByteArray &line : lines)
+                acked = std::max(acked, line.toInt());
+            totalAcks += acked;
+
+            // The acknowledged state and the one after the operation in flight.
+            MemoryPreferencesStore replay;
+            replay.setStringList(PreferenceKeys::listNames, *m_start.names);
+            replay.setData(PreferenceKeys::items, *m_start.items);
+            replay.setInteger(PreferenceKeys::selectedListIndex, *m_start.selection);
+            ListItems replayed(replay);
+            Script script(seed);
+            for (int k = 0; k < acked; ++k)
+                script.step(replayed, replay);
+            const Snapshot acknowledged = snapshot(replay);
+            script.step(replayed, replay);
+            const Snapshot inFlight = snapshot(replay);
+
+            SqlitePreferencesStore reopened(dir);
+            QVERIFY(reopened.isOpen());
+            QVERIFY2(reopened.status().message().isEmpty(), qPrintable(reopened.status().message()));
+            const Snapshot found = snapshot(reopened);
+            if (found == inFlight)
+                ++inFlightLanded;
+            QVERIFY2(found == acknowledged || found == inFlight,
+                     qPrintable(QStringLiteral("round %1, seed %2, %3 acknowledged").arg(round).arg(seed).arg(acked)));
+        }
+        qInfo("%d rounds, %d acknowledged operations, %d in-flight operations found committed", rounds, totalAcks,
+              inFlightLanded);
+    }
+};
+
+int main(int argc, char **argv)
+{
+    if (argc == 4 && qstrcmp(argv[1], "--child") == 0) {
+        QCoreApplication app(argc, argv);
+        return runChild(QString::fromLocal8Bit(argv[2]), QByteArray(argv[3]).toUInt());
+    }
+    QCoreApplication app(argc, argv);
+    TestStoreCrash test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_storecrash.moc"
