@@ -40,7 +40,6 @@ public:
     qreal cameraPitch() const { return m_turn.pitch; }
     int dotCount() const { return m_scene.dotCount(); }
     int spinPeriod() const { return m_scene.spins() ? GlobeScene::spinPeriodMs : 0; }
-    const GlobeScene &scene() const { return m_scene; }
 
     // Turns the camera around the globe by a drag of (dx, dy) pixels.
     Q_INVOKABLE void turnCamera(qreal dx, qreal dy);

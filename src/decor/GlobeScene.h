@@ -64,7 +64,6 @@ public:
 
     explicit GlobeScene(Variant variant);
 
-    Variant variant() const { return m_variant; }
     const std::vector<Node> &nodes() const { return m_nodes; }
 
     int rootIndex() const { return 0; }
