@@ -8,6 +8,7 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -90,8 +91,13 @@ Run measure(const QString &program)
     process.start();
     if (!process.waitForStarted(5000))
         return run;
-    while (clock.elapsed() < 5000 && process.state() == QProcess::Running)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    // Sleeps in an event loop: polling would take a core from the program
+    // being measured.
+    QEventLoop wait;
+    QTimer::singleShot(std::max<qint64>(0, 5000 - clock.elapsed()), &wait, &QEventLoop::quit);
+    QObject::connect(&process, &QProcess::finished, &wait, &QEventLoop::quit);
+    if (process.state() == QProcess::Running)
+        wait.exec();
     run.rssMiB = residentMiB(process.processId());
     process.terminate();
     if (!process.waitForFinished(3000))
