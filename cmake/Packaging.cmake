@@ -13,11 +13,11 @@ set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "${MURVANE_HOMEPAGE}")
 # murvane_<version>_<arch>.deb
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 # Libraries from the binary; what it opens at run time is listed by hand:
-# the QML modules its views import, the window-system plugins and the
+# the QML modules its views import, the window-system and SQLite plugins and the
 # fonts it loads at start (src/platform/FontLoader.cpp).
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
-    "qml6-module-qtquick, qml6-module-qtquick-window, qml6-module-qtquick-controls, qml6-module-qtquick-templates, qml6-module-qtquick-layouts, qml6-module-qtquick-shapes, qml6-module-qtqml-workerscript, qml6-module-qtqml-models, qml6-module-quick3d, qml6-module-quick3d-helpers, qt6-qpa-plugins, fonts-inter, fonts-texgyre, fonts-noto-color-emoji")
+    "qml6-module-qtquick, qml6-module-qtquick-window, qml6-module-qtquick-controls, qml6-module-qtquick-templates, qml6-module-qtquick-layouts, qml6-module-qtquick-shapes, qml6-module-qtqml-workerscript, qml6-module-qtqml-models, qt6-qpa-plugins, libqt6sql6-sqlite, fonts-inter, fonts-texgyre, fonts-noto-color-emoji")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland, libgl1-mesa-dri")
 set(CPACK_STRIP_FILES ON)
 include(CPack)

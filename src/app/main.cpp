@@ -26,10 +26,6 @@ int main(int argc, char *argv[])
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Murvane"));
     // Also the Wayland app id, which phone shells match to the desktop file.
     QGuiApplication::setDesktopFileName(AppIdentity::appId);
-    // Render on the main thread: Qt Quick 3D in Qt 6.4 can corrupt memory
-    // when its views are made and released while a render thread draws.
-    if (qEnvironmentVariableIsEmpty("QSG_RENDER_LOOP"))
-        qputenv("QSG_RENDER_LOOP", "basic");
     QGuiApplication app(argc, argv);
     FontLoader::loadBundledFonts();
     QQuickStyle::setStyle(QStringLiteral("Basic"));

@@ -2,6 +2,7 @@
 
 #include <QtMath>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <numbers>
@@ -18,17 +19,18 @@ constexpr float staticPi = 3.1415925f;
 GlobeScene::GlobeScene(Variant variant)
     : m_variant(variant)
 {
-    const int dotCount = ringCount() * dotsPerRing();
-    m_nodes.reserve(static_cast<size_t>(dotCount) + 4);
+    m_nodes.reserve(animatedRings * animatedDotsPerRing + 4);
     addNode(NodeKind::Root, -1, Position());
     addNode(NodeKind::Camera, rootIndex(), {cameraX, cameraY, cameraZ});
     addNode(NodeKind::Tilt, rootIndex(), Position());
     if (spins()) {
         m_spinIndex = addNode(NodeKind::Spin, tiltIndex(), Position());
         m_dotParentIndex = m_spinIndex;
+        m_firstDot = static_cast<int>(m_nodes.size());
         layOutAnimatedDots();
     } else {
         m_dotParentIndex = tiltIndex();
+        m_firstDot = static_cast<int>(m_nodes.size());
         layOutStaticDots();
     }
 }
@@ -97,16 +99,6 @@ std::vector<GlobeScene::Position> GlobeScene::dotPositions() const
     return positions;
 }
 
-int GlobeScene::ringCount() const
-{
-    return m_variant == Variant::Animated ? animatedRings : staticRings;
-}
-
-int GlobeScene::dotsPerRing() const
-{
-    return m_variant == Variant::Animated ? animatedDotsPerRing : staticDotsPerRing;
-}
-
 double GlobeScene::dotRadius() const
 {
     return m_variant == Variant::Animated ? 0.8 : 3.0;
@@ -117,35 +109,70 @@ double GlobeScene::fieldOfViewDegrees() const
     return m_variant == Variant::Animated ? 84.0 : 55.0;
 }
 
-QVector3D GlobeScene::cameraPosition()
+QMatrix4x4 GlobeScene::worldTransform(int node, float spinDegrees) const
 {
-    return {cameraX, cameraY, cameraZ};
+    QMatrix4x4 transform;
+    for (int i = node; i >= 0; i = m_nodes[size_t(i)].parent) {
+        const Node &n = m_nodes[size_t(i)];
+        QMatrix4x4 local;
+        switch (n.kind) {
+        case NodeKind::Tilt:
+            local.rotate(qRadiansToDegrees(tiltAngle), 1, 0, 0);
+            break;
+        case NodeKind::Spin:
+            local.rotate(spinDegrees, 0, 1, 0);
+            break;
+        case NodeKind::Camera:
+        case NodeKind::Dot:
+            local.translate(float(n.position.x), float(n.position.y), float(n.position.z));
+            break;
+        case NodeKind::Root:
+            break;
+        }
+        transform = local * transform;
+    }
+    return transform;
 }
 
-QVector3D GlobeScene::cameraLookAtEulerDegrees()
+QVector3D GlobeScene::cameraPosition(CameraTurn turn)
 {
-    // The camera looks down its own -z. With forward d (unit, towards the
-    // centre), rotating -z by pitch then yaw gives
-    // (-cos p sin y, sin p, -cos p cos y) = d.
-    const double x = cameraX, y = cameraY, z = cameraZ;
-    const double length = std::sqrt(x * x + y * y + z * z);
-    const double dx = -x / length, dy = -y / length, dz = -z / length;
-    const double pitch = std::asin(dy);
-    const double yaw = std::atan2(-dx, -dz);
-    return {static_cast<float>(qRadiansToDegrees(pitch)), static_cast<float>(qRadiansToDegrees(yaw)), 0.0f};
+    const QVector3D fixed(cameraX, cameraY, cameraZ);
+    if (turn.yaw == 0 && turn.pitch == 0)
+        return fixed;
+    const double distance = fixed.length();
+    const double elevation = std::asin(cameraY / distance) + qDegreesToRadians(double(turn.pitch));
+    const double azimuth = std::atan2(double(cameraX), double(cameraZ)) + qDegreesToRadians(double(turn.yaw));
+    return QVector3D(float(distance * std::cos(elevation) * std::sin(azimuth)),
+                     float(distance * std::sin(elevation)),
+                     float(distance * std::cos(elevation) * std::cos(azimuth)));
 }
 
-QQuaternion GlobeScene::cameraLookAtRotation()
+QMatrix4x4 GlobeScene::viewMatrix(CameraTurn turn)
 {
-    const QVector3D euler = cameraLookAtEulerDegrees();
-    return QQuaternion::fromEulerAngles(euler.x(), euler.y(), euler.z());
+    QMatrix4x4 view;
+    view.lookAt(cameraPosition(turn), QVector3D(0, 0, 0), QVector3D(0, 1, 0));
+    return view;
 }
 
-float GlobeScene::cameraDistance()
+QMatrix4x4 GlobeScene::projectionMatrix(float aspect) const
 {
-    return cameraPosition().length();
+    QMatrix4x4 projection;
+    projection.perspective(float(fieldOfViewDegrees()), aspect > 0 ? aspect : 1.0f, clipNear, clipFar);
+    return projection;
 }
 
+GlobeScene::CameraTurn GlobeScene::turned(CameraTurn turn, double dx, double dy, double viewHeight)
+{
+    if (!(viewHeight > 0) || !std::isfinite(dx) || !std::isfinite(dy))
+        return turn;
+    const double degreesPerPixel = 180.0 / viewHeight;
+    // Dragging to the right brings the left side into view; up shows the top.
+    const double yaw = std::fmod(turn.yaw - dx * degreesPerPixel, 360.0);
+    // The pitch is counted from the camera's own height above the equator.
+    const double base = qRadiansToDegrees(std::asin(cameraY / double(cameraPosition().length())));
+    const double pitch = std::clamp(turn.pitch + dy * degreesPerPixel, -maximumPitch - base, maximumPitch - base);
+    return {float(yaw), float(pitch)};
+}
 QColor GlobeScene::staticDotColor(bool dark)
 {
     return dark ? QColor(Qt::white) : QColor(Qt::black);

@@ -1,16 +1,25 @@
 #pragma once
 
 #include <QColor>
-#include <QQuaternion>
+#include <QMatrix4x4>
 #include <QVector3D>
 
 #include <vector>
 
-// The dot globe as a scene graph, without any renderer: a camera looking at
-// the centre, a node tilted a quarter of a half-turn back about x, and, for
-// the turning globe, a spin node inside the tilt node, so that the globe
-// turns about its own tilted axis. The dots are small spheres on rings of
-// latitude over a sphere of radius 55.
+// Where the user has turned the camera to, in degrees, from its fixed point:
+// yaw about the world's y, pitch towards the poles.
+struct GlobeCameraTurn
+{
+    float yaw = 0;
+    float pitch = 0;
+};
+
+// The dot globe as a scene graph: a camera looking at the centre, a node
+// tilted a quarter of a half-turn back about x, and, for the turning globe, a
+// spin node inside the tilt node, so that the globe turns about its own
+// tilted axis. The dots are small spheres on rings of latitude over a sphere
+// of radius 55. GlobeItem draws exactly this: the dot positions become its
+// vertices and the transforms below its camera and node matrices.
 //
 // Two variants exist. The large turning globe lays its dots out in double
 // precision with the latitude accumulated ring by ring; the small still one
@@ -36,6 +45,8 @@ public:
         Position position;
     };
 
+    using CameraTurn = GlobeCameraTurn;
+
     static constexpr double sphereRadius = 55.0;
     // Fixed single-precision numbers, not derived at run time: about 124.25
     // units from the centre and 14.9 degrees above the equator.
@@ -45,10 +56,14 @@ public:
     // -pi/4 in single precision.
     static constexpr float tiltAngle = -0.7853981f;
     static constexpr int spinPeriodMs = 65000;
+    // The camera keeps the world's y as up, so it stops this many degrees
+    // above or below the equator, short of the poles.
+    static constexpr float maximumPitch = 85.0f;
+    static constexpr float clipNear = 1.0f;
+    static constexpr float clipFar = 10000.0f;
 
     explicit GlobeScene(Variant variant);
 
-    Variant variant() const { return m_variant; }
     const std::vector<Node> &nodes() const { return m_nodes; }
 
     int rootIndex() const { return 0; }
@@ -61,20 +76,25 @@ public:
     int childCount(int parent, NodeKind kind) const;
     // The dots in the order they were laid out: ring by ring, then along the ring.
     std::vector<Position> dotPositions() const;
-    int ringCount() const;
-    int dotsPerRing() const;
+    int dotCount() const { return static_cast<int>(m_nodes.size()) - m_firstDot; }
 
     double dotRadius() const;
     double fieldOfViewDegrees() const;
     bool spins() const { return m_variant == Variant::Animated; }
 
-    static QVector3D cameraPosition();
-    // The camera's orientation when looking at the centre with the world's y
-    // as up (no roll), as Euler angles in degrees (x pitch, y yaw, z roll)
-    // applied in the order roll, pitch, yaw.
-    static QVector3D cameraLookAtEulerDegrees();
-    static QQuaternion cameraLookAtRotation();
-    static float cameraDistance();
+    // A node's transform into world space, through all its parents, with the
+    // spin node turned by spinDegrees about its y.
+    QMatrix4x4 worldTransform(int node, float spinDegrees) const;
+    // The camera's place after the user's turn; exactly the fixed point
+    // when not turned.
+    static QVector3D cameraPosition(CameraTurn turn = {});
+    // Looking from the camera at the root's origin, with the world's y up.
+    static QMatrix4x4 viewMatrix(CameraTurn turn = {});
+    // Vertical field of view over a viewport of this width / height.
+    QMatrix4x4 projectionMatrix(float aspect) const;
+    // A drag of (dx, dy) pixels over a view this many pixels high turns the
+    // camera by this much: a drag across the view's height is half a turn.
+    static CameraTurn turned(CameraTurn turn, double dx, double dy, double viewHeight);
 
     // The still globe's dots: white in the dark scheme, black in the light one.
     static QColor staticDotColor(bool dark);
@@ -88,4 +108,5 @@ private:
     std::vector<Node> m_nodes;
     int m_spinIndex = -1;
     int m_dotParentIndex = -1;
+    int m_firstDot = 0;
 };

@@ -1,7 +1,7 @@
-#include "decor/DotSphereGeometry.h"
-#include "decor/GlobeInstancing.h"
+#include "decor/GlobeGeometry.h"
 #include "decor/GlobeScene.h"
-#include "decor/GlobeSceneModel.h"
+
+#include <QSet>
 
 #include <QTest>
 
@@ -48,6 +48,7 @@ private slots:
         QFETCH(double, fieldOfView);
         const GlobeScene scene(variant);
         QCOMPARE(scene.fieldOfViewDegrees(), fieldOfView);
+        QCOMPARE(scene.dotCount(), dots);
 
         // The dots hang under the spin node when the globe turns, else
         // straight under the tilt node.
@@ -80,7 +81,7 @@ private slots:
             QVERIFY(offExact(p, -pi / 2 + ring * pi / 29, j * 2 * pi / 60) < 1e-12);
         }
 
-        // The still globe keeps the float arithmetic its pictures were made with.
+        // The still globe keeps its single-precision arithmetic.
         const auto still = GlobeScene(Variant::Static).dotPositions();
         const float piF = 3.1415925f;
         for (const auto &[ring, dot] : {std::pair{3, 5}, {6, 11}, {10, 23}}) {
@@ -95,73 +96,136 @@ private slots:
         }
     }
 
-    void cameraLooksAtTheCentreFromItsFixedPoint()
+    void cameraLooksAtTheCentreFromItsFixedPointOrWhereTheUserTurnedIt_data()
     {
-        const QVector3D position(119.66445922851562f, 32.0f, 9.714912414550781f);
-        QCOMPARE(GlobeScene::cameraPosition(), position);
+        QTest::addColumn<double>("dx");
+        QTest::addColumn<double>("dy");
+        QTest::addColumn<float>("yaw");
+        QTest::addColumn<float>("pitch");
+        // A drag across the view's height (600 px) is half a turn.
+        QTest::newRow("fixed") << 0.0 << 0.0 << 0.0f << 0.0f;
+        QTest::newRow("sideways") << 150.0 << 0.0 << -45.0f << 0.0f;
+        QTest::newRow("down") << 0.0 << 60.0 << 0.0f << 18.0f;
+        QTest::newRow("stops short of the pole") << 0.0 << 9000.0 << 0.0f << 85.0f - 14.9245f;
+        QTest::newRow("and of the other") << 0.0 << -9000.0 << 0.0f << -85.0f - 14.9245f;
+        QTest::newRow("not a number") << qQNaN() << 10.0 << 0.0f << 0.0f;
+    }
+    void cameraLooksAtTheCentreFromItsFixedPointOrWhereTheUserTurnedIt()
+    {
+        QFETCH(double, dx);
+        QFETCH(double, dy);
+        QFETCH(float, yaw);
+        QFETCH(float, pitch);
+        const QVector3D fixed(119.66445922851562f, 32.0f, 9.714912414550781f);
         const GlobeScene scene(Variant::Static);
-        const auto &camera = scene.nodes()[scene.cameraIndex()].position;
-        QCOMPARE(QVector3D(float(camera.x), float(camera.y), float(camera.z)), position);
+        const auto &node = scene.nodes()[scene.cameraIndex()].position;
+        QCOMPARE(QVector3D(float(node.x), float(node.y), float(node.z)), fixed);
+        QCOMPARE(GlobeScene::cameraPosition(), fixed);
 
-        // Hanging at (0, 0, distance) inside the turned pivot puts the camera
-        // on its fixed point, looking straight at the centre, without roll.
-        const QQuaternion pivot = GlobeScene::cameraLookAtRotation();
-        const QVector3D placed = pivot.rotatedVector(QVector3D(0, 0, GlobeScene::cameraDistance()));
-        QVERIFY((placed - position).length() < 1e-3f);
-        const QVector3D forward = pivot.rotatedVector(QVector3D(0, 0, -1));
-        QVERIFY((forward + position.normalized()).length() < 1e-5f);
-        QVERIFY(std::abs(pivot.rotatedVector(QVector3D(1, 0, 0)).y()) < 1e-6f);
-        QVERIFY(pivot.rotatedVector(QVector3D(0, 1, 0)).y() > 0.9f);
+        const GlobeScene::CameraTurn turn = GlobeScene::turned({}, dx, dy, 600);
+        QVERIFY(std::abs(turn.yaw - yaw) < 1e-3f);
+        QVERIFY(std::abs(turn.pitch - pitch) < 1e-3f);
+        const QVector3D camera = GlobeScene::cameraPosition(turn);
+        QVERIFY(std::abs(camera.length() - fixed.length()) < 1e-3f);
+        QVERIFY(std::abs(std::asin(camera.y() / camera.length()) * 180 / std::numbers::pi - (14.9245 + pitch)) < 1e-3);
+
+        // The view puts the camera at its origin and the centre straight
+        // ahead, with the world's y kept up (no roll).
+        const QMatrix4x4 view = GlobeScene::viewMatrix(turn);
+        QVERIFY(view.map(camera).length() < 1e-3f);
+        QVERIFY((view.map(QVector3D()) - QVector3D(0, 0, -fixed.length())).length() < 1e-3f);
+        QVERIFY(std::abs(view.row(0).y()) < 1e-6f);
+        QVERIFY(view.row(1).y() > 0);
     }
 
-    void instanceTableFollowsTheVariant()
+    // The spin node turns the dots about the tilted axis: the poles stay put,
+    // tipped 45 degrees towards -z; the still globe ignores any spin.
+    void spinTurnsAboutTheTiltedAxis()
     {
-        GlobeSceneModel model;
-        QCOMPARE(model.spinPeriod(), 65000);
-        QVERIFY(std::abs(model.tiltDegrees() + 45.0) < 1e-4);
-        GlobeInstancing instancing;
-        instancing.setScene(&model);
-        QCOMPARE(instancing.instanceCount(), 1800);
-        const GlobeScene::Position dot = model.scene().dotPositions()[901];
-        QVERIFY((instancing.instancePosition(901) - QVector3D(dot.x, dot.y, dot.z)).length() < 1e-4f);
-        // Dots are scaled from the mesh's radius to the dot radius.
-        QVERIFY((instancing.instanceScale(5) - QVector3D(0.8f, 0.8f, 0.8f)).length() < 1e-6f);
-        instancing.setMeshRadius(50);
-        QVERIFY((instancing.instanceScale(5) - QVector3D(0.016f, 0.016f, 0.016f)).length() < 1e-6f);
-
-        model.setVariant(GlobeSceneModel::Static);
-        QCOMPARE(model.spinPeriod(), 0);
-        QCOMPARE(instancing.instanceCount(), 336);
-        QVERIFY((instancing.instanceScale(0) - QVector3D(0.06f, 0.06f, 0.06f)).length() < 1e-6f);
-        QCOMPARE(GlobeScene::staticDotColor(true), QColor(255, 255, 255));
-        QCOMPARE(GlobeScene::staticDotColor(false), QColor(0, 0, 0));
-    }
-
-    void dotMeshIsARoundOutwardFacingSphere()
-    {
-        DotSphereGeometry sphere;
-        sphere.setSubdivisions(99);
-        QCOMPARE(sphere.subdivisions(), DotSphereGeometry::maximumSubdivisions);
-        sphere.setSubdivisions(2);
-        QCOMPARE(sphere.vertexCount(), 162);
-        QCOMPARE(sphere.triangleCount(), 320);
-        const QByteArray vertexData = sphere.vertexData();
-        const QByteArray indexData = sphere.indexData();
-        QCOMPARE(sphere.stride(), 24);
-        QCOMPARE(vertexData.size(), 162 * 24);
-        QCOMPARE(indexData.size(), 320 * 3 * 2);
-        // Position and normal per vertex, both the unit vector.
-        const auto *v = reinterpret_cast<const float *>(vertexData.constData());
-        auto point = [&](int i) { return QVector3D(v[i * 6], v[i * 6 + 1], v[i * 6 + 2]); };
-        for (int i = 0; i < 162; ++i) {
-            QVERIFY(std::abs(point(i).length() - 1.0f) < 1e-5f);
-            QCOMPARE(QVector3D(v[i * 6 + 3], v[i * 6 + 4], v[i * 6 + 5]), point(i));
+        const GlobeScene turning(Variant::Animated);
+        const GlobeScene still(Variant::Static);
+        const float s = 55 * std::sqrt(0.5f);
+        for (const float spin : {0.0f, 90.0f, 200.0f}) {
+            const QMatrix4x4 dots = turning.worldTransform(turning.dotParentIndex(), spin);
+            QVERIFY((dots.map(QVector3D(0, 55, 0)) - QVector3D(0, s, -s)).length() < 1e-3f);
+            QVERIFY((dots.map(QVector3D(0, -55, 0)) - QVector3D(0, -s, s)).length() < 1e-3f);
+            QCOMPARE(still.worldTransform(still.dotParentIndex(), spin), still.worldTransform(still.dotParentIndex(), 0));
         }
-        // Counter-clockwise seen from outside, so back faces are the inner ones.
-        const auto *index = reinterpret_cast<const quint16 *>(indexData.constData());
-        for (int t = 0; t < 320; ++t) {
-            const QVector3D a = point(index[t * 3]), b = point(index[t * 3 + 1]), c = point(index[t * 3 + 2]);
-            QVERIFY(QVector3D::dotProduct(QVector3D::crossProduct(b - a, c - a), a + b + c) > 0);
+        const QVector3D onEquator(55, 0, 0);
+        const QMatrix4x4 quarter = turning.worldTransform(turning.dotParentIndex(), 90);
+        QVERIFY((quarter.map(onEquator) - QVector3D(0, -s, -s)).length() < 1e-3f);
+    }
+
+    // Camera, projection and layout together: the globe is as large as its
+    // field of view makes it and none of it is cut off.
+    void globeFitsTheViewAsDrawn_data()
+    {
+        QTest::addColumn<Variant>("variant");
+        QTest::addColumn<double>("aspect");
+        // How far out the outermost dot reaches, in half the view's width
+        // or height, whichever it reaches further into.
+        QTest::addColumn<double>("reach");
+        QTest::newRow("turning, phone") << Variant::Animated << 390.0 / 650.0 << 0.91;
+        QTest::newRow("turning, tablet") << Variant::Animated << 1024.0 / 1100.0 << 0.59;
+        QTest::newRow("still, icon") << Variant::Static << 1.0 << 0.95;
+    }
+    void globeFitsTheViewAsDrawn()
+    {
+        QFETCH(Variant, variant);
+        QFETCH(double, aspect);
+        QFETCH(double, reach);
+        const GlobeScene scene(variant);
+        const QMatrix4x4 transform = scene.projectionMatrix(float(aspect)) * GlobeScene::viewMatrix()
+            * scene.worldTransform(scene.dotParentIndex(), 30);
+        double widest = 0;
+        for (const auto &p : scene.dotPositions()) {
+            const QVector3D ndc = transform.map(QVector3D(float(p.x), float(p.y), float(p.z)));
+            QVERIFY(std::abs(ndc.x()) < 1 && std::abs(ndc.y()) < 1 && std::abs(ndc.z()) < 1);
+            widest = std::max(widest, double(std::max(std::abs(ndc.x()), std::abs(ndc.y()))));
+        }
+        QVERIFY2(std::abs(widest - reach) < 0.02, qPrintable(QString::number(widest)));
+    }
+
+    // What the renderer is given: each dot of the scene twice (far half's
+    // copy, then near half's), four corners spanning the item, two triangles
+    // over each square.
+    void geometryHoldsEveryDotOfTheScene_data()
+    {
+        QTest::addColumn<Variant>("variant");
+        QTest::newRow("turning") << Variant::Animated;
+        QTest::newRow("still") << Variant::Static;
+    }
+    void geometryHoldsEveryDotOfTheScene()
+    {
+        QFETCH(Variant, variant);
+        const GlobeScene scene(variant);
+        GlobeGeometry geometry(scene);
+        geometry.setItemSize(QSizeF(390, 650));
+        const auto dots = scene.dotPositions();
+        const int n = int(dots.size());
+        QCOMPARE(geometry.vertexCount(), 2 * n * 4);
+        QCOMPARE(geometry.indexCount(), 2 * n * 6);
+        QCOMPARE(geometry.sizeOfVertex(), int(sizeof(GlobeGeometry::Vertex)));
+        const GlobeGeometry::Vertex *v = geometry.vertices();
+        const quint16 *index = geometry.indexDataAsUShort();
+        for (int k = 0; k < 2 * n; ++k) {
+            const auto &dot = dots[size_t(k % n)];
+            QSet<QPair<float, float>> corners;
+            for (int c = 0; c < 4; ++c) {
+                const GlobeGeometry::Vertex &vertex = v[k * 4 + c];
+                QCOMPARE(QVector3D(vertex.x, vertex.y, vertex.z), QVector3D(float(dot.x), float(dot.y), float(dot.z)));
+                QCOMPARE(vertex.nearHalf, k < n ? 0.0f : 1.0f);
+                corners.insert({vertex.cornerX, vertex.cornerY});
+            }
+            QCOMPARE(corners, (QSet<QPair<float, float>>{{0, 0}, {390, 0}, {0, 650}, {390, 650}}));
+            // Two triangles of this square that share a diagonal.
+            QSet<int> used;
+            for (int i = 0; i < 6; ++i) {
+                const int at = index[k * 6 + i];
+                QVERIFY(at >= k * 4 && at < k * 4 + 4);
+                used.insert(at);
+            }
+            QCOMPARE(used.size(), 4);
         }
     }
 };

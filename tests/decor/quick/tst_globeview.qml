@@ -72,6 +72,20 @@ Item {
             verify(turned > 1 && turned < 8, turned)
         }
 
+        // Dragging over it turns the camera around the globe; the globe
+        // itself keeps turning.
+        function test_dragTurnsTheCamera() {
+            const globe = createTemporaryObject(globeComponent, scene).globe
+            waitForRendering(globe)
+            const item = findChild(globe, "globeItem")
+            mouseDrag(globe, 100, 300, 120, -80, Qt.LeftButton, Qt.NoModifier, 50)
+            verify(item.cameraYaw < -10, item.cameraYaw)
+            verify(item.cameraPitch < -5, item.cameraPitch)
+            waitForRendering(globe)
+            verify(globe.spinning)
+            verify(redPixels(globe) > 300)
+        }
+
         function test_hiddenOrTransparentItDrawsNothing_data() {
             return [
                 { tag: "hidden", hide: g => g.visible = false, show: g => g.visible = true },

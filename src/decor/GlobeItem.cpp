@@ -1,0 +1,97 @@
+#include "decor/GlobeItem.h"
+
+#include "decor/GlobeGeometry.h"
+#include "decor/GlobeMaterial.h"
+
+#include <QSGGeometryNode>
+
+#include <cmath>
+
+GlobeItem::GlobeItem(QQuickItem *parent)
+    : QQuickItem(parent)
+{
+    setFlag(ItemHasContents);
+}
+
+void GlobeItem::setVariant(Variant variant)
+{
+    if (variant == m_variant)
+        return;
+    m_variant = variant;
+    m_scene = GlobeScene(variant == Animated ? GlobeScene::Variant::Animated : GlobeScene::Variant::Static);
+    m_sceneChanged = true;
+    update();
+    emit variantChanged();
+}
+
+void GlobeItem::setDotColor(const QColor &color)
+{
+    if (color == m_dotColor)
+        return;
+    m_dotColor = color;
+    update();
+    emit dotColorChanged();
+}
+
+void GlobeItem::setSpinAngle(qreal degrees)
+{
+    if (!std::isfinite(degrees) || degrees == m_spinAngle)
+        return;
+    m_spinAngle = degrees;
+    if (m_scene.spins())
+        update();
+    emit spinAngleChanged();
+}
+
+void GlobeItem::turnCamera(qreal dx, qreal dy)
+{
+    const GlobeScene::CameraTurn turn = GlobeScene::turned(m_turn, dx, dy, height());
+    if (turn.yaw == m_turn.yaw && turn.pitch == m_turn.pitch)
+        return;
+    m_turn = turn;
+    update();
+    emit cameraTurned();
+}
+
+void GlobeItem::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)
+{
+    QQuickItem::geometryChange(newGeometry, oldGeometry);
+    if (newGeometry.size() != oldGeometry.size())
+        update();
+}
+
+QSGNode *GlobeItem::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
+{
+    auto *node = static_cast<QSGGeometryNode *>(oldNode);
+    if (width() <= 0 || height() <= 0) {
+        delete node;
+        return nullptr;
+    }
+    if (node && m_sceneChanged) {
+        delete node;
+        node = nullptr;
+    }
+    m_sceneChanged = false;
+    if (!node) {
+        node = new QSGGeometryNode;
+        node->setGeometry(new GlobeGeometry(m_scene));
+        node->setFlag(QSGNode::OwnsGeometry);
+        node->setMaterial(new GlobeMaterial);
+        node->setFlag(QSGNode::OwnsMaterial);
+    }
+
+    auto *geometry = static_cast<GlobeGeometry *>(node->geometry());
+    if (geometry->itemSize() != size()) {
+        geometry->setItemSize(size());
+        node->markDirty(QSGNode::DirtyGeometry);
+    }
+    auto *material = static_cast<GlobeMaterial *>(node->material());
+    material->modelView = GlobeScene::viewMatrix(m_turn)
+        * m_scene.worldTransform(m_scene.dotParentIndex(), float(m_spinAngle));
+    material->projection = m_scene.projectionMatrix(float(width() / height()));
+    material->color = m_dotColor;
+    material->itemSize = size();
+    material->dotRadius = float(m_scene.dotRadius());
+    node->markDirty(QSGNode::DirtyMaterial);
+    return node;
+}
