@@ -4,6 +4,7 @@
 
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
+#include <QWindow>
 
 MurvaneApp::MurvaneApp(QObject *parent)
     : MurvaneApp(std::make_unique<RatingManager>(), parent)
@@ -36,6 +37,13 @@ bool MurvaneApp::showWindow()
     m_engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
     m_engine->load(QUrl(QStringLiteral("qrc:/qt/qml/Murvane/Main.qml")));
     return !m_engine->rootObjects().isEmpty();
+}
+
+QWindow *MurvaneApp::window() const
+{
+    if (!m_engine || m_engine->rootObjects().isEmpty())
+        return nullptr;
+    return qobject_cast<QWindow *>(m_engine->rootObjects().constFirst());
 }
 
 void MurvaneApp::applicationStateChanged(Qt::ApplicationState state)

@@ -4,6 +4,7 @@
 #include <memory>
 
 class QQmlApplicationEngine;
+class QWindow;
 class RatingManager;
 
 // The application: its one window, whose whole content is the main screen,
@@ -24,6 +25,8 @@ public:
 
     // Builds the window; false when it could not be made.
     bool showWindow();
+    // The window, once shown.
+    QWindow *window() const;
 
     // The life-cycle handler: called with each new application state. The
     // state the app first shows itself in does not count as a change; each

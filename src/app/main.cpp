@@ -6,12 +6,33 @@
 #include "platform/Haptics.h"
 #include "platform/RatingPrompt.h"
 #include "platform/ReviewRequester.h"
+#include "platform/SingleInstance.h"
 
 #include <QGuiApplication>
+#include <QQmlApplicationEngine>
 #include <QQuickStyle>
+#include <cstdio>
 #include <QtQml/qqmlextensionplugin.h>
 
 Q_IMPORT_QML_PLUGIN(MurvanePlugin)
+
+namespace {
+
+// A second launch that could not hand over to the running app says so, in a
+// dialog and on the terminal, and ends when the dialog is closed.
+int reportAlreadyOpen(QGuiApplication &app)
+{
+    std::fputs("Murvane is already open.\n", stderr);
+    QQuickStyle::setStyle(QStringLiteral("Basic"));
+    QQmlApplicationEngine engine;
+    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Murvane/AlreadyOpenView.qml")));
+    if (!engine.rootObjects().isEmpty())
+        app.exec();
+    return 0;
+}
+
+} // namespace
 
 int main(int argc, char *argv[])
 {
@@ -27,6 +48,19 @@ int main(int argc, char *argv[])
         qputenv("QSG_RENDER_LOOP", "basic");
     QGuiApplication app(argc, argv);
 
+    // One app per user: a second launch brings the first one forward and
+    // leaves, before it has read or written anything.
+    SingleInstance instance(QDBusConnection::sessionBus(), AppIdentity::appId,
+                            FilePreferencesStore::defaultDirectory());
+    switch (instance.claim(SingleInstance::launchPlatformData())) {
+    case SingleInstance::Claim::HandedOver:
+        return 0;
+    case SingleInstance::Claim::AlreadyOpen:
+        return reportAlreadyOpen(app);
+    case SingleInstance::Claim::First:
+        break;
+    }
+
     // Every platform service is in place before the first view is made.
     FilePreferencesStore preferences(FilePreferencesStore::defaultDirectory());
     PreferencesStore::setStandard(&preferences);
@@ -40,6 +74,9 @@ int main(int argc, char *argv[])
     int code = 1;
     {
         MurvaneApp murvane;
+        QObject::connect(&instance, &SingleInstance::activated, &murvane, [&murvane](const QVariantMap &data) {
+            SingleInstance::bringToFront(murvane.window(), data);
+        });
         if (murvane.showWindow())
             code = app.exec();
     }
