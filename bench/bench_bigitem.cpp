@@ -89,6 +89,7 @@ struct Figures
     double firstFrameMs = 0;
     double toggleMs = 0;
     double scrollWorstMs = 0;
+    double editMs = 0; // taking the big item (or a short one) up in the editor
 };
 
 // Opens the main screen on a store of 30 short items, plus the big one when
@@ -129,6 +130,13 @@ Figures measure(const QString &bigText)
             settle(&view);
         }
         f.toggleMs = median(toggles);
+        // Row 2 is the big item when there is one.
+        const QString editedId = ItemsCodec::uuidText(screen->displayedItems()->itemAt(2)->id);
+        f.editMs = timeToFrame(&view, [&] { screen->editingAction(editedId); }, 120000);
+        settle(&view);
+        screen->setNewItem(QString());
+        screen->setNewItemFieldIsFocused(false);
+        settle(&view);
         auto *list = view.rootObject()->findChild<QQuickItem *>(QStringLiteral("itemList"));
         for (int guard = 0; guard < 2000 && !list->property("atYEnd").toBool(); ++guard) {
             const double y = list->property("contentY").toDouble();
@@ -157,18 +165,20 @@ int main(int argc, char **argv)
     const Figures prose = measure(megabyteOfText(true));
     const Figures word = measure(megabyteOfText(false));
 
-    std::printf("%-22s %12s %10s %14s\n", "store", "first-frame", "toggle", "scroll-worst");
+    std::printf("%-22s %12s %10s %14s %10s\n", "store", "first-frame", "toggle", "scroll-worst", "edit");
     const auto row = [](const char *name, const Figures &f) {
-        std::printf("%-22s %12.1f %10.1f %14.1f\n", name, f.firstFrameMs, f.toggleMs, f.scrollWorstMs);
+        std::printf("%-22s %12.1f %10.1f %14.1f %10.1f\n", name, f.firstFrameMs, f.toggleMs, f.scrollWorstMs,
+                    f.editMs);
     };
     row("30 items", plain);
     row("+ 1 MB of prose", prose);
     row("+ 1 MB unbroken word", word);
     const Figures worst{std::max(prose.firstFrameMs, word.firstFrameMs), std::max(prose.toggleMs, word.toggleMs),
-                        std::max(prose.scrollWorstMs, word.scrollWorstMs)};
+                        std::max(prose.scrollWorstMs, word.scrollWorstMs), std::max(prose.editMs, word.editMs)};
     std::printf("ui-first-frame-1mb-item-ms: %.1f\n", worst.firstFrameMs);
     std::printf("ui-first-frame-1mb-item-vs-plain: %.2f\n", worst.firstFrameMs / plain.firstFrameMs);
     std::printf("ui-toggle-beside-1mb-item-ms: %.1f\n", worst.toggleMs);
     std::printf("ui-scroll-past-1mb-item-worst-frame-ms: %.1f\n", worst.scrollWorstMs);
+    std::printf("ui-edit-1mb-item-ms: %.1f\n", worst.editMs);
     return 0;
 }
