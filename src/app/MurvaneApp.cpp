@@ -46,6 +46,13 @@ bool MurvaneApp::showWindow(Appearance &appearance, RatingPrompt &ratingPrompt, 
     return true;
 }
 
+QWindow *MurvaneApp::window() const
+{
+    if (!m_engine || m_engine->rootObjects().isEmpty())
+        return nullptr;
+    return qobject_cast<QWindow *>(m_engine->rootObjects().constFirst());
+}
+
 void MurvaneApp::applicationStateChanged(Qt::ApplicationState state)
 {
     if (state != Qt::ApplicationActive)

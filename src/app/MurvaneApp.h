@@ -5,6 +5,7 @@
 
 class Appearance;
 class QQmlApplicationEngine;
+class QWindow;
 class RatingManager;
 class RatingPrompt;
 class ScreenState;
@@ -33,6 +34,8 @@ public:
     // could not be made.
     bool showWindow(Appearance &appearance, RatingPrompt &ratingPrompt, ScreenState &screen,
                     WindowPlacement &placement);
+    // The window, once shown.
+    QWindow *window() const;
 
     // The life-cycle handler: called with each new application state. The
     // state the app first shows itself in does not count as a change; each

@@ -1,5 +1,7 @@
 #include "DisplayedItemsModel.h"
 
+#include "views/ItemRowText.h"
+
 #include <algorithm>
 
 namespace {
@@ -16,7 +18,7 @@ QList<int> changedRoles(const ListItems::Positioned &a, const ListItems::Positio
 {
     QList<int> roles;
     if (a.item.text != b.item.text)
-        roles << DisplayedItemsModel::TextRole;
+        roles << DisplayedItemsModel::TextRole << DisplayedItemsModel::DisplayTextRole;
     if (a.item.state != b.item.state)
         roles << DisplayedItemsModel::IsDoneRole;
     if (a.item.isPinned != b.item.isPinned)
@@ -137,6 +139,8 @@ QVariant DisplayedItemsModel::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
     case TextRole:
         return row.item.text;
+    case DisplayTextRole:
+        return ItemRowText::shown(row.item.text);
     case IsDoneRole:
         return row.item.isDone();
     case IsPinnedRole:
@@ -159,6 +163,7 @@ QHash<int, QByteArray> DisplayedItemsModel::roleNames() const
         {IsPinnedRole, "isPinned"},
         {PositionRole, "position"},
         {RotationAngleRole, "rotationAngle"},
+        {DisplayTextRole, "displayText"},
     };
 }
 

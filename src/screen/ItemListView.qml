@@ -132,7 +132,7 @@ ListView {
         }
         ListView.onReused: row.animatesTurns = true
         width: ListView.view.width
-        itemText: model.text
+        itemText: model.displayText
         isDone: model.isDone
         isPinned: model.isPinned
         rotationAngle: model.rotationAngle

@@ -49,7 +49,7 @@ Flickable {
         bottomPadding: topPadding
         leftPadding: 5
         rightPadding: 5
-        wrapMode: TextEdit.Wrap
+        wrapMode: TextWrapping.wrapsAnywhere(text) ? TextEdit.WrapAnywhere : TextEdit.Wrap
         textFormat: TextEdit.PlainText
         font.family: "TeX Gyre Heros"
         font.pixelSize: 15

@@ -1,5 +1,6 @@
 #include "platform/preferences/MemoryPreferencesStore.h"
 #include "screen/DisplayedItemsModel.h"
+#include "views/ItemRowText.h"
 
 #include <QAbstractItemModelTester>
 #include <QTest>
@@ -73,6 +74,26 @@ private slots:
         QCOMPARE(f.model->data(f.model->index(2), DisplayedItemsModel::PositionRole).toLongLong(), 2);
         QCOMPARE(f.model->rowOf(c.toString()), 0);
         QCOMPARE(f.model->rowOf(QStringLiteral("nonsense")), -1);
+    }
+
+    // Rows get a bounded text, the editor the whole one; an edit of the text
+    // refreshes both.
+    void rowsShowABoundedText()
+    {
+        const QString big = QString(1 << 20, QLatin1Char('w'));
+        Fixture f({"short", big});
+        QList<int> roles;
+        QObject::connect(f.model.get(), &QAbstractItemModel::dataChanged,
+                         [&](const QModelIndex &, const QModelIndex &, const QList<int> &r) { roles = r; });
+        const auto role = [&](int row, int r) { return f.model->data(f.model->index(row), r).toString(); };
+        QCOMPARE(role(0, DisplayedItemsModel::DisplayTextRole), QStringLiteral("short"));
+        QCOMPARE(role(1, DisplayedItemsModel::TextRole), big);
+        QCOMPARE(role(1, DisplayedItemsModel::DisplayTextRole), ItemRowText::shown(big));
+        QVERIFY(role(1, DisplayedItemsModel::DisplayTextRole).size() <= ItemRowText::maxCodeUnits + 1);
+
+        f.store->updateItemText(f.id(1), 0, QStringLiteral("now short"));
+        QVERIFY(roles.contains(DisplayedItemsModel::DisplayTextRole));
+        QCOMPARE(role(1, DisplayedItemsModel::DisplayTextRole), QStringLiteral("now short"));
     }
 
     // Each edit reaches the view as the smallest change, so rows keep
