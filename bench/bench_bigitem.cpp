@@ -1,12 +1,18 @@
 // The main screen on a list holding one item of a megabyte of text: the time
 // to the first frame, against the same list without it in the same run, and
 // what a toggle of another item and a scroll cost while the big item is there.
+#include "appearance/Appearance.h"
 #include "platform/FontLoader.h"
+#include "platform/InAppShareSheet.h"
+#include "platform/QmlServices.h"
 #include "platform/preferences/MemoryPreferencesStore.h"
 #include "model/ItemsCodec.h"
 #include "model/ListItems.h"
 #include "screen/DisplayedItemsModel.h"
+#include "screen/InputBar.h"
+#include "screen/RowActions.h"
 #include "screen/ScreenState.h"
+#include "QuietServices.h"
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -105,12 +111,19 @@ Figures measure(const QString &bigText)
         lists[0].insert(2, ListItem::create(bigText));
     prefs.setData(PreferenceKeys::items, ItemsCodec::encode(lists));
     prefs.setInteger(PreferenceKeys::selectedListIndex, 0);
-    PreferencesStore::setStandard(&prefs);
+    NoHaptics haptics;
+    InAppShareSheet shareSheet;
+    NoReviewPage reviewPage;
+    Appearance appearance(prefs);
 
     Figures f;
     {
+        ScreenState screenState(prefs, haptics, {appearance, shareSheet, reviewPage});
+        ScreenState *screen = &screenState;
         QQuickView view;
         view.engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
+        QmlServices::provide(*view.engine(), appearance);
+        view.setInitialProperties({{QStringLiteral("screen"), QVariant::fromValue(screen)}});
         view.setResizeMode(QQuickView::SizeRootObjectToView);
         view.resize(390, 844);
         f.firstFrameMs = timeToFrame(&view, [&] {
@@ -118,24 +131,23 @@ Figures measure(const QString &bigText)
             view.show();
         }, 120000);
         settle(&view, 300);
-        auto *screen = view.rootObject()->property("screenState").value<ScreenState *>();
         std::vector<double> toggles;
         // The rows above the big one (row 2), which stay on screen.
         for (const int row : {0, 1, 0, 1, 0, 1, 0}) {
             const QString id = ItemsCodec::uuidText(screen->displayedItems()->itemAt(row)->id);
             toggles.push_back(timeToFrame(&view, [&] {
-                screen->onTapDone(id);
-                screen->toggleState(id);
+                screen->rows()->turnDoneMarker(id);
+                screen->rows()->toggleState(id);
             }));
             settle(&view);
         }
         f.toggleMs = median(toggles);
         // Row 2 is the big item when there is one.
         const QString editedId = ItemsCodec::uuidText(screen->displayedItems()->itemAt(2)->id);
-        f.editMs = timeToFrame(&view, [&] { screen->editingAction(editedId); }, 120000);
+        f.editMs = timeToFrame(&view, [&] { screen->rows()->edit(editedId); }, 120000);
         settle(&view);
-        screen->setNewItem(QString());
-        screen->setNewItemFieldIsFocused(false);
+        screen->inputBar()->setNewItem(QString());
+        screen->inputBar()->setNewItemFieldIsFocused(false);
         settle(&view);
         auto *list = view.rootObject()->findChild<QQuickItem *>(QStringLiteral("itemList"));
         for (int guard = 0; guard < 2000 && !list->property("atYEnd").toBool(); ++guard) {
@@ -144,7 +156,6 @@ Figures measure(const QString &bigText)
                                        timeToFrame(&view, [&] { list->setProperty("contentY", y + 120); }));
         }
     }
-    PreferencesStore::setStandard(nullptr);
     return f;
 }
 
@@ -152,8 +163,7 @@ Figures measure(const QString &bigText)
 
 int main(int argc, char **argv)
 {
-    if (qEnvironmentVariableIsEmpty("QSG_RENDER_LOOP"))
-        qputenv("QSG_RENDER_LOOP", "basic");
+    // The app's own render loop, as in the other benchmarks.
     QGuiApplication app(argc, argv);
     FontLoader::loadBundledFonts();
     QQuickStyle::setStyle(QStringLiteral("Basic"));

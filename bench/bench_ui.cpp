@@ -3,10 +3,8 @@
 // and a scripted fling from the top of the list to the bottom, frame by frame.
 #include "appearance/Appearance.h"
 #include "platform/FontLoader.h"
-#include "platform/Haptics.h"
 #include "platform/InAppShareSheet.h"
 #include "platform/QmlServices.h"
-#include "platform/WriteReviewOpener.h"
 #include "platform/preferences/MemoryPreferencesStore.h"
 #include "model/ItemsCodec.h"
 #include "model/ListItems.h"
@@ -15,6 +13,7 @@
 #include "screen/ListNavigation.h"
 #include "screen/RowActions.h"
 #include "screen/ScreenState.h"
+#include "QuietServices.h"
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -73,20 +72,6 @@ double timeToFrame(QQuickWindow *window, F &&input)
     waitForFrame(window);
     return double(t.nsecsElapsed()) / 1e6;
 }
-
-// The screen's other services, doing nothing: the figures are the screen's.
-class NoHaptics : public Haptics
-{
-public:
-    void lightImpact() override {}
-    void successNotification() override {}
-};
-
-class NoReviewPage : public WriteReviewOpener
-{
-public:
-    void openWriteReviewPage() override {}
-};
 
 } // namespace
 

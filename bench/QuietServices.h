@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/Haptics.h"
+#include "platform/WriteReviewOpener.h"
+
+// The screen's other services, doing nothing: the figures are the screen's.
+class NoHaptics : public Haptics
+{
+public:
+    void lightImpact() override {}
+    void successNotification() override {}
+};
+
+class NoReviewPage : public WriteReviewOpener
+{
+public:
+    void openWriteReviewPage() override {}
+};
