@@ -164,34 +164,27 @@ private slots:
         QCOMPARE(store.writeCount(), 0);
     }
 
-    void windowModeFromTheSession_data()
-    {
-        QTest::addColumn<QStringList>("environment");
-        QTest::addColumn<WindowMode>("mode");
-        QTest::newRow("plain desktop") << QStringList{QStringLiteral("XDG_CURRENT_DESKTOP=GNOME")} << WindowMode::Window;
-        QTest::newRow("nothing set") << QStringList{} << WindowMode::Window;
-        QTest::newRow("Phosh") << QStringList{QStringLiteral("XDG_CURRENT_DESKTOP=Phosh:GNOME")} << WindowMode::Maximized;
-        QTest::newRow("Lomiri") << QStringList{QStringLiteral("XDG_CURRENT_DESKTOP=lomiri")} << WindowMode::Maximized;
-        QTest::newRow("a name containing Phosh is not Phosh")
-            << QStringList{QStringLiteral("XDG_CURRENT_DESKTOP=NotPhosh")} << WindowMode::Window;
-        QTest::newRow("Plasma Mobile") << QStringList{QStringLiteral("XDG_CURRENT_DESKTOP=KDE"), QStringLiteral("PLASMA_PLATFORM=phone:handset")}
-                                       << WindowMode::Maximized;
-        QTest::newRow("Plasma on a desktop") << QStringList{QStringLiteral("XDG_CURRENT_DESKTOP=KDE"), QStringLiteral("PLASMA_PLATFORM=desktop")}
-                                             << WindowMode::Window;
-        QTest::newRow("Plasma Mobile, form factors in another order")
-            << QStringList{QStringLiteral("PLASMA_PLATFORM=handset:phone")} << WindowMode::Maximized;
-        QTest::newRow("touch controls asked for") << QStringList{QStringLiteral("QT_QUICK_CONTROLS_MOBILE=1")} << WindowMode::Maximized;
-        QTest::newRow("touch controls turned off") << QStringList{QStringLiteral("QT_QUICK_CONTROLS_MOBILE=0")} << WindowMode::Window;
-    }
-
     void windowModeFromTheSession()
     {
-        QFETCH(QStringList, environment);
-        QFETCH(WindowMode, mode);
-        QProcessEnvironment env;
-        for (const QString &entry : environment)
-            env.insert(entry.section(QLatin1Char('='), 0, 0), entry.section(QLatin1Char('='), 1));
-        QCOMPARE(WindowModes::forEnvironment(env), mode);
+        // Variables set, space separated; whether the shell is a phone's.
+        const std::pair<const char *, bool> sessions[] = {
+            {"XDG_CURRENT_DESKTOP=GNOME", false},
+            {"", false},
+            {"XDG_CURRENT_DESKTOP=Phosh:GNOME", true},
+            {"XDG_CURRENT_DESKTOP=lomiri", true},
+            {"XDG_CURRENT_DESKTOP=NotPhosh", false},
+            {"XDG_CURRENT_DESKTOP=KDE PLASMA_PLATFORM=phone:handset", true},
+            {"XDG_CURRENT_DESKTOP=KDE PLASMA_PLATFORM=desktop", false},
+            {"PLASMA_PLATFORM=handset:phone", true},
+            {"QT_QUICK_CONTROLS_MOBILE=1", true},
+            {"QT_QUICK_CONTROLS_MOBILE=0", false},
+        };
+        for (const auto &[variables, phone] : sessions) {
+            QProcessEnvironment env;
+            for (const QString &entry : QString::fromLatin1(variables).split(u' ', Qt::SkipEmptyParts))
+                env.insert(entry.section(u'=', 0, 0), entry.section(u'=', 1));
+            QVERIFY2(WindowModes::forEnvironment(env) == (phone ? WindowMode::Maximized : WindowMode::Window), variables);
+        }
     }
 };
 

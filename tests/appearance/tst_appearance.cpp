@@ -65,43 +65,44 @@ Rgba parse(const QString &text)
 // purple, classic.
 const QList<std::pair<const char *, QStringList>> themeTable = {
     {"darkStart", {"black x 0.9", "black x 0.9", "black x 0.9", "black x 0.9", "black x 0.9", "black"}},
-    {"darkEnd", {"green x 0.25", "sRGB(1.0, 0.2, 0.7) x 0.25", "sRGB(0.35, 0.55, 1.0) x 0.25", "grey(0.3) x 0.4",
-                 "sRGB(0.6, 0.4, 0.9) x 0.25", "black"}},
-    {"lightStart", {"green x 0.4", "sRGB(1.0, 0.2, 0.7) x 0.4", "sRGB(0.35, 0.55, 1.0) x 0.4", "grey(0.7) x 0.4",
-                    "sRGB(0.6, 0.4, 0.9) x 0.4", "white"}},
+    {"darkEnd", {"green x 0.25", "sRGB(1.0, 0.2, 0.7) x 0.25", "sRGB(0.35, 0.55, 1.0) x 0.25",
+        "grey(0.3) x 0.4", "sRGB(0.6, 0.4, 0.9) x 0.25", "black"}},
+    {"lightStart", {"green x 0.4", "sRGB(1.0, 0.2, 0.7) x 0.4", "sRGB(0.35, 0.55, 1.0) x 0.4",
+        "grey(0.7) x 0.4", "sRGB(0.6, 0.4, 0.9) x 0.4", "white"}},
     {"lightEnd", {"black x 0.15", "black x 0.15", "black x 0.15", "black x 0.15", "black x 0.15", "white"}},
-    {"accentDark", {"HSB(0.33, 0.9, 0.7)", "HSB(0.9, 0.9, 0.7)", "HSB(0.58, 0.9, 0.7)", "grey(0.7)",
-                    "HSB(0.75, 0.9, 0.7)", "HSB(0.33, 0.9, 0.7)"}},
-    {"accentLight", {"HSB(0.35, 0.35, 0.9)", "HSB(0.35, 0.35, 0.9)", "HSB(0.58, 0.35, 0.9)", "grey(0.5)",
-                     "HSB(0.75, 0.35, 0.9)", "HSB(0.35, 0.35, 0.9)"}},
-    {"selectedHeaderBackgroundDark", {"HSB(0.33, 0.9, 0.7) x 0.3", "HSB(0.9, 0.9, 0.7) x 0.3",
-                                      "HSB(0.58, 0.9, 0.7) x 0.3", "grey(0.7) x 0.3", "HSB(0.75, 0.9, 0.7) x 0.3",
-                                      "HSB(0.33, 0.9, 0.7) x 0.3"}},
-    {"selectedHeaderBackgroundLight", {"HSB(0.35, 0.45, 0.87) x 0.8", "HSB(0.9, 0.45, 1.0) x 0.4",
-                                       "HSB(0.58, 0.45, 0.95) x 0.8", "grey(0.7) x 0.8",
-                                       "HSB(0.75, 0.45, 0.95) x 0.5", "HSB(0.35, 0.45, 0.87) x 0.8"}},
-    {"selectedHeaderStrokeColorDark", {"HSB(0.33, 0.9, 0.7) x 0.8", "HSB(0.9, 0.9, 0.7) x 0.8",
-                                       "HSB(0.58, 0.9, 0.7) x 0.8", "grey(0.7) x 0.8", "HSB(0.75, 0.9, 0.7) x 0.8",
-                                       "HSB(0.33, 0.9, 0.7) x 0.8"}},
+    {"accentDark", {"HSB(0.33, 0.9, 0.7)", "HSB(0.9, 0.9, 0.7)", "HSB(0.58, 0.9, 0.7)",
+        "grey(0.7)", "HSB(0.75, 0.9, 0.7)", "HSB(0.33, 0.9, 0.7)"}},
+    {"accentLight", {"HSB(0.35, 0.35, 0.9)", "HSB(0.35, 0.35, 0.9)", "HSB(0.58, 0.35, 0.9)",
+        "grey(0.5)", "HSB(0.75, 0.35, 0.9)", "HSB(0.35, 0.35, 0.9)"}},
+    {"selectedHeaderBackgroundDark",
+     {"HSB(0.33, 0.9, 0.7) x 0.3", "HSB(0.9, 0.9, 0.7) x 0.3", "HSB(0.58, 0.9, 0.7) x 0.3",
+      "grey(0.7) x 0.3", "HSB(0.75, 0.9, 0.7) x 0.3", "HSB(0.33, 0.9, 0.7) x 0.3"}},
+    {"selectedHeaderBackgroundLight",
+     {"HSB(0.35, 0.45, 0.87) x 0.8", "HSB(0.9, 0.45, 1.0) x 0.4", "HSB(0.58, 0.45, 0.95) x 0.8",
+      "grey(0.7) x 0.8", "HSB(0.75, 0.45, 0.95) x 0.5", "HSB(0.35, 0.45, 0.87) x 0.8"}},
+    {"selectedHeaderStrokeColorDark",
+     {"HSB(0.33, 0.9, 0.7) x 0.8", "HSB(0.9, 0.9, 0.7) x 0.8", "HSB(0.58, 0.9, 0.7) x 0.8",
+      "grey(0.7) x 0.8", "HSB(0.75, 0.9, 0.7) x 0.8", "HSB(0.33, 0.9, 0.7) x 0.8"}},
     {"selectedHeaderStrokeColorLight", {"sRGB(0.0, 0.6, 0.4)", "sRGB(0.6, 0.0, 0.4)", "sRGB(0.2, 0.4, 0.7)",
-                                        "grey(0.3)", "sRGB(0.4, 0.2, 0.6)", "sRGB(0.0, 0.6, 0.4)"}},
-    {"outlineDark", {"sRGB(0.1, 0.25, 0.1)", "sRGB(0.25, 0.1, 0.2)", "sRGB(0.1, 0.1, 0.25)", "grey(0.3)",
-                     "sRGB(0.15, 0.1, 0.2)", "sRGB(0.1, 0.25, 0.1)"}},
-    {"outlineLight", {"sRGB(0.0, 0.55, 0.0)", "sRGB(0.75, 0.0, 0.4)", "sRGB(0.0, 0.4, 0.75)", "grey(0.5)",
-                      "sRGB(0.45, 0.3, 0.65)", "sRGB(0.0, 0.55, 0.0)"}},
+        "grey(0.3)", "sRGB(0.4, 0.2, 0.6)", "sRGB(0.0, 0.6, 0.4)"}},
+    {"outlineDark", {"sRGB(0.1, 0.25, 0.1)", "sRGB(0.25, 0.1, 0.2)", "sRGB(0.1, 0.1, 0.25)",
+        "grey(0.3)", "sRGB(0.15, 0.1, 0.2)", "sRGB(0.1, 0.25, 0.1)"}},
+    {"outlineLight", {"sRGB(0.0, 0.55, 0.0)", "sRGB(0.75, 0.0, 0.4)", "sRGB(0.0, 0.4, 0.75)",
+        "grey(0.5)", "sRGB(0.45, 0.3, 0.65)", "sRGB(0.0, 0.55, 0.0)"}},
     {"listRowBackgroundDark", QStringList(6, "sRGB(0.1, 0.1, 0.1)")},
     {"listRowBackgroundLight", QStringList(6, "white")},
     {"textCompleteFillDark", QStringList(6, "grey(0.99)")},
     {"textCompleteFillLight", QStringList(6, "grey(0.15)")},
-    {"completeFillDark", {"sRGB(50/255, 205/255, 50/255)", "sRGB(1.0, 0.08, 0.58)", "sRGB(100/255, 149/255, 237/255)",
-                          "grey(0.7)", "sRGB(0.7, 0.4, 0.9)", "sRGB(50/255, 205/255, 50/255)"}},
+    {"completeFillDark",
+     {"sRGB(50/255, 205/255, 50/255)", "sRGB(1.0, 0.08, 0.58)", "sRGB(100/255, 149/255, 237/255)",
+      "grey(0.7)", "sRGB(0.7, 0.4, 0.9)", "sRGB(50/255, 205/255, 50/255)"}},
     {"completeFillLight", {"HSB(0.35, 0.6, 0.5)", "sRGB(0.9, 0.21, 0.51)", "sRGB(35/255, 106/255, 150/255)",
-                           "grey(0.5)", "sRGB(0.6, 0.4, 0.8)", "HSB(0.35, 0.6, 0.5)"}},
-    {"ballButton", {"sRGB(100/255, 160/255, 100/255)", "sRGB(210/255, 80/255, 160/255)",
-                    "sRGB(35/255, 106/255, 190/255)", "grey(0.55)", "sRGB(0.65, 0.3, 0.9)",
-                    "sRGB(100/255, 160/255, 100/255)"}},
-    {"pinSwipe", {"sRGB(0.3, 0.6, 0.3)", "sRGB(0.7, 0.3, 0.5)", "sRGB(0.3, 0.4, 0.7)", "grey(0.5)",
-                  "sRGB(0.6, 0.4, 0.9)", "sRGB(0.3, 0.6, 0.3)"}},
+        "grey(0.5)", "sRGB(0.6, 0.4, 0.8)", "HSB(0.35, 0.6, 0.5)"}},
+    {"ballButton",
+     {"sRGB(100/255, 160/255, 100/255)", "sRGB(210/255, 80/255, 160/255)", "sRGB(35/255, 106/255, 190/255)",
+      "grey(0.55)", "sRGB(0.65, 0.3, 0.9)", "sRGB(100/255, 160/255, 100/255)"}},
+    {"pinSwipe", {"sRGB(0.3, 0.6, 0.3)", "sRGB(0.7, 0.3, 0.5)", "sRGB(0.3, 0.4, 0.7)",
+        "grey(0.5)", "sRGB(0.6, 0.4, 0.9)", "sRGB(0.3, 0.6, 0.3)"}},
 };
 
 } // namespace
@@ -176,20 +177,16 @@ private slots:
         }
     }
 
-    void readsTheStoreWithoutWriting()
-    {
-        MemoryPreferencesStore store;
-        Appearance fresh(store);
-        QCOMPARE(fresh.themeKey(), QStringLiteral("green"));
-        QCOMPARE(fresh.schemeKey(), QStringLiteral("light"));
-        QCOMPARE(fresh.foreground(), QColor(Qt::black));
-        QCOMPARE(store.writeCount(), 0);
-    }
-
-    void themeKeyIsWrittenAsGivenAndSignalledEveryTime()
+    void choicesAreWrittenAsGivenAndSignalledEveryTime()
     {
         MemoryPreferencesStore store;
         Appearance appearance(store);
+        // Reading the defaults writes nothing.
+        QCOMPARE(appearance.themeKey(), QStringLiteral("green"));
+        QCOMPARE(appearance.schemeKey(), QStringLiteral("light"));
+        QCOMPARE(appearance.foreground(), QColor(Qt::black));
+        QCOMPARE(store.writeCount(), 0);
+
         QSignalSpy themeSpy(&appearance, &Appearance::themeChanged);
         QSignalSpy schemeSpy(&appearance, &Appearance::schemeChanged);
         appearance.setThemeKey(QStringLiteral("pink"));
@@ -197,19 +194,12 @@ private slots:
         QCOMPARE(store.writeCount(), 2);
         QCOMPARE(themeSpy.count(), 2);
         QVERIFY(appearance.theme() == ThemeCatalogue::definition(Theme::pink));
-
         // An unknown key is kept as given and paints green.
         appearance.setThemeKey(QStringLiteral("red"));
         QCOMPARE(*store.string(PreferenceKeys::selectedThemeKey), QStringLiteral("red"));
         QVERIFY(appearance.theme() == ThemeCatalogue::definition(Theme::green));
         QCOMPARE(schemeSpy.count(), 0);
-    }
 
-    void schemeToggleWritesDarkOrLight()
-    {
-        MemoryPreferencesStore store;
-        Appearance appearance(store);
-        QSignalSpy themeSpy(&appearance, &Appearance::themeChanged);
         const QColor darkColour(Qt::red), lightColour(Qt::blue);
         appearance.setDark(true);
         QCOMPARE(*store.string(PreferenceKeys::appColorScheme), QStringLiteral("dark"));
@@ -219,7 +209,8 @@ private slots:
         QCOMPARE(*store.string(PreferenceKeys::appColorScheme), QStringLiteral("light"));
         QCOMPARE(appearance.pick(darkColour, lightColour), lightColour);
         // Colour pairs are read through the theme, so it is signalled too.
-        QCOMPARE(themeSpy.count(), 2);
+        QCOMPARE(themeSpy.count(), 5);
+        QCOMPARE(schemeSpy.count(), 2);
     }
 };
 

@@ -93,12 +93,10 @@ public:
 private:
     ListItem newItem(const QString &text)
     {
-        const quint64 a = m_rng.generate64();
-        const quint64 b = m_rng.generate64();
-        QUuid id(uint(a), ushort(a >> 32), ushort((a >> 48 & 0x0fff) | 0x4000), uchar(0x80 | (b & 0x3f)),
-                 uchar(b >> 8), uchar(b >> 16), uchar(b >> 24), uchar(b >> 32), uchar(b >> 40), uchar(b >> 48),
-                 uchar(b >> 56));
-        return ListItem{id, text, ListItemState::toDo, false};
+        // Ids from the seed, so that a replay makes the same ones.
+        QByteArray bytes(16, Qt::Uninitialized);
+        m_rng.fillRange(reinterpret_cast<quint32 *>(bytes.data()), 4);
+        return ListItem{QUuid::fromRfc4122(bytes), text, ListItemState::toDo, false};
     }
 
     QRandomGenerator m_rng;
@@ -179,9 +177,8 @@ private slots:
             child.kill();
             QVERIFY(child.waitForFinished());
             out += child.readAllStandardOutput();
-            const QList<QByteArray> lines = out.split('\n');
             int acked = 0;
-            for (const QByteArray &line : lines)
+            for (const QByteArray &line : out.split('\n'))
                 acked = std::max(acked, line.toInt());
             totalAcks += acked;
 

@@ -38,12 +38,8 @@ void apply(ListItems &store, UndoStack &undo, const Step &s, bool allowUndo)
     const auto idAt = [&](int k) { return current.isEmpty() ? QUuid::createUuid() : current[k % current.size()].id; };
     switch (s.kind % 14) {
     case 0:
-    case 1:
-        store.addItem(ListItem::create(QString::number(s.b)), list);
-        break;
-    case 2:
-        store.updateItemText(idAt(s.b), list, QString::number(s.c));
-        break;
+    case 1: store.addItem(ListItem::create(QString::number(s.b)), list); break;
+    case 2: store.updateItemText(idAt(s.b), list, QString::number(s.c)); break;
     case 3:
         if (!current.isEmpty()) {
             const qsizetype p = s.b % current.size();
@@ -51,16 +47,9 @@ void apply(ListItems &store, UndoStack &undo, const Step &s, bool allowUndo)
             store.deleteItems({p}, list);
         }
         break;
-    case 4:
-        store.setState(s.c % 2 ? ListItemState::done : ListItemState::toDo, idAt(s.b), list);
-        break;
-    case 5:
-        store.setPinned(s.c % 2, idAt(s.b), list);
-        break;
-    case 6:
-        if (!current.isEmpty())
-            store.moveItems({s.b % current.size()}, s.c % (current.size() + 2), list);
-        break;
+    case 4: store.setState(s.c % 2 ? ListItemState::done : ListItemState::toDo, idAt(s.b), list); break;
+    case 5: store.setPinned(s.c % 2, idAt(s.b), list); break;
+    case 6: store.moveItems({s.b % std::max<qsizetype>(current.size(), 1)}, s.c % (current.size() + 2), list); break;
     case 7:
         if (list >= 0 && list < n) {
             undo.push(SortList{list, current});
@@ -71,21 +60,15 @@ void apply(ListItems &store, UndoStack &undo, const Step &s, bool allowUndo)
         store.setAllStates(list, ListItemState::toDo);
         undo.push(MarkAll{list, current});
         break;
-    case 9:
-        store.addList();
-        break;
+    case 9: store.addList(); break;
     case 10:
         if (n >= 2 && list >= 0 && list < n) {
             undo.push(DeleteList{list, store.listNames()[list], current});
             store.deleteList(list);
         }
         break;
-    case 11:
-        store.renameList(list, QString::number(s.b));
-        break;
-    case 12:
-        store.moveList(list, list + (s.b % 2 ? 1 : -1));
-        break;
+    case 11: store.renameList(list, QString::number(s.b)); break;
+    case 12: store.moveList(list, list + (s.b % 2 ? 1 : -1)); break;
     case 13:
         if (allowUndo)
             undo.undo(store);

@@ -32,26 +32,26 @@ struct Raw
         QSqlDatabase::database(name).close();
         QSqlDatabase::removeDatabase(name);
     }
-    void put(const QString &key, int type, const QVariant &value)
+    // Runs `sql` with `values` bound; returns the first column of its rows.
+    QVariantList query(const QString &sql, const QVariantList &values)
     {
         QSqlQuery q(QSqlDatabase::database(name));
-        q.prepare(QStringLiteral("INSERT OR REPLACE INTO prefs (key, type, value) VALUES (?, ?, ?)"));
-        q.addBindValue(key);
-        q.addBindValue(type);
-        q.addBindValue(value);
-        QVERIFY(q.exec());
+        q.prepare(sql);
+        for (const QVariant &value : values)
+            q.addBindValue(value);
+        QVariantList out;
+        for (q.exec(); q.next();)
+            out << q.value(0);
+        return out;
+    }
+    void put(const QString &key, int type, const QVariant &value)
+    {
+        query(QStringLiteral("INSERT OR REPLACE INTO prefs (key, type, value) VALUES (?, ?, ?)"), {key, type, value});
     }
     // The recovered copies of a key, oldest first, as stored.
     QVariantList copies(const QString &key)
     {
-        QSqlQuery q(QSqlDatabase::database(name));
-        q.prepare(QStringLiteral("SELECT value FROM recovered WHERE key = ? ORDER BY id"));
-        q.addBindValue(key);
-        q.exec();
-        QVariantList out;
-        while (q.next())
-            out << q.value(0);
-        return out;
+        return query(QStringLiteral("SELECT value FROM recovered WHERE key = ? ORDER BY id"), {key});
     }
 };
 
