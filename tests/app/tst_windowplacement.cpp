@@ -139,29 +139,23 @@ private slots:
         QVERIFY(window.windowStates().testFlag(Qt::WindowMaximized));
     }
 
-    void phoneShellFillsTheScreenAndKeepsNothing_data()
-    {
-        QTest::addColumn<WindowMode>("mode");
-        QTest::addColumn<Qt::WindowState>("state");
-        QTest::newRow("phone shell") << WindowMode::Maximized << Qt::WindowMaximized;
-        QTest::newRow("Android or iOS") << WindowMode::FullScreen << Qt::WindowFullScreen;
-    }
-
     void phoneShellFillsTheScreenAndKeepsNothing()
     {
-        QFETCH(WindowMode, mode);
-        QFETCH(Qt::WindowState, state);
-        MemoryPreferencesStore store;
-        {
-            WindowPlacement placement(store, mode);
-            QWindow window;
-            placement.show(window);
-            QVERIFY(window.windowStates().testFlag(state));
-            window.resize(500, 600);
-            window.showNormal();
-            window.hide();
+        // A phone shell, then Android or iOS.
+        for (const auto &[mode, state] : {std::pair{WindowMode::Maximized, Qt::WindowMaximized},
+                                          {WindowMode::FullScreen, Qt::WindowFullScreen}}) {
+            MemoryPreferencesStore store;
+            {
+                WindowPlacement placement(store, mode);
+                QWindow window;
+                placement.show(window);
+                QVERIFY(window.windowStates().testFlag(state));
+                window.resize(500, 600);
+                window.showNormal();
+                window.hide();
+            }
+            QCOMPARE(store.writeCount(), 0);
         }
-        QCOMPARE(store.writeCount(), 0);
     }
 
     void windowModeFromTheSession()
