@@ -7,56 +7,25 @@
 
 namespace {
 
-// RGBA in 0..1.
-struct Rgba
-{
-    double r, g, b, a = 1.0;
-};
-
-// The standard HSB to RGB rule, written out independently of QColor.
-Rgba fromHsb(double h, double s, double v)
-{
-    const double h6 = h * 6.0;
-    const int sector = int(h6) % 6;
-    const double f = h6 - int(h6);
-    const double p = v * (1 - s), q = v * (1 - s * f), t = v * (1 - s * (1 - f));
-    switch (sector) {
-    case 0: return {v, t, p};
-    case 1: return {q, v, p};
-    case 2: return {p, v, t};
-    case 3: return {p, q, v};
-    case 4: return {t, p, v};
-    default: return {v, p, q};
-    }
-}
-
 // Reads a colour as a design table writes it: black, white, green (the
 // platform's green), grey(w), sRGB(r, g, b) with n/255 allowed, HSB(h, s, b),
 // each optionally followed by "x o" for an opacity.
-Rgba parse(const QString &text)
+QColor parse(const QString &text)
 {
     const QStringList parts = text.split(QStringLiteral(" x "));
     const QString base = parts[0];
-    QList<double> n;
-    const qsizetype open = base.indexOf('(');
-    for (const QString &arg : base.mid(open + 1).chopped(1).split(',')) {
-        const QStringList ratio = arg.trimmed().split('/');
-        n << (ratio.size() == 2 ? ratio[0].toDouble() / ratio[1].toDouble() : ratio[0].toDouble());
+    QList<float> n;
+    for (const QString &arg : base.section(u'(', 1).section(u')', 0, 0).split(u',', Qt::SkipEmptyParts)) {
+        const QStringList ratio = arg.trimmed().split(u'/');
+        n << (ratio.size() == 2 ? ratio[0].toFloat() / ratio[1].toFloat() : ratio[0].toFloat());
     }
-    Rgba c;
-    if (base == "black")
-        c = {0, 0, 0};
-    else if (base == "white")
-        c = {1, 1, 1};
-    else if (base == "green")
-        c = {52 / 255.0, 199 / 255.0, 89 / 255.0};
-    else if (base.startsWith("grey"))
-        c = {n[0], n[0], n[0]};
-    else if (base.startsWith("sRGB"))
-        c = {n[0], n[1], n[2]};
-    else
-        c = fromHsb(n[0], n[1], n[2]);
-    c.a = parts.size() == 2 ? parts[1].toDouble() : 1.0;
+    QColor c = base == "black" ? QColor(Qt::black)
+        : base == "white"      ? QColor(Qt::white)
+        : base == "green"      ? QColor(52, 199, 89)
+        : n.size() == 1        ? QColor::fromRgbF(n[0], n[0], n[0])
+        : base.startsWith("sRGB") ? QColor::fromRgbF(n[0], n[1], n[2])
+                                  : QColor::fromHsvF(n[0], n[1], n[2]).toRgb();
+    c.setAlphaF(parts.size() == 2 ? parts[1].toFloat() : 1.0f);
     return c;
 }
 
@@ -132,12 +101,12 @@ private slots:
         const QMetaObject &meta = ThemeDefinition::staticMetaObject;
         const ThemeDefinition &definition = ThemeCatalogue::definition(*key);
         const QColor c = meta.property(meta.indexOfProperty(field.constData())).readOnGadget(&definition).value<QColor>();
-        const Rgba e = parse(expected);
+        const QColor e = parse(expected);
         // QColor keeps 16 bits per channel; one 8-bit step is far coarser.
         const double tolerance = 0.5 / 255.0;
-        const bool close = qAbs(c.redF() - e.r) <= tolerance && qAbs(c.greenF() - e.g) <= tolerance
-            && qAbs(c.blueF() - e.b) <= tolerance && qAbs(c.alphaF() - e.a) <= tolerance;
-        QVERIFY2(close, qPrintable(c.name(QColor::HexArgb)));
+        const bool close = qAbs(c.redF() - e.redF()) <= tolerance && qAbs(c.greenF() - e.greenF()) <= tolerance
+            && qAbs(c.blueF() - e.blueF()) <= tolerance && qAbs(c.alphaF() - e.alphaF()) <= tolerance;
+        QVERIFY2(close, qPrintable(c.name(QColor::HexArgb) + QStringLiteral(" against ") + e.name(QColor::HexArgb)));
         QCOMPARE(definition.selectedHeaderStrokeWidth, 0.9);
     }
 

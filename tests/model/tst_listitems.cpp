@@ -1,12 +1,10 @@
 #include "MarkedItems.h"
 #include "model/ItemsCodec.h"
 #include "model/ListItems.h"
-#include "platform/preferences/SqlitePreferencesStore.h"
 #include "platform/preferences/MemoryPreferencesStore.h"
 
 #include <QSet>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTemporaryFile>
 #include <QTest>
 #include <cstdio>
@@ -174,29 +172,6 @@ private slots:
             QCOMPARE(*prefs.data(PreferenceKeys::items), bytes);
             QCOMPARE(prefs.copies(), (QList<std::pair<QString, QVariant>>{{PreferenceKeys::items, bytes}}));
         }
-    }
-
-    void persistsThroughADiskStoreRoundTrip()
-    {
-        QTemporaryDir dir;
-        QList<ItemList> expected;
-        QStringList names;
-        {
-            SqlitePreferencesStore prefs(dir.path());
-            ListItems store(prefs);
-            store.addItem(ListItem::create(QStringLiteral("Milk \"2%\" 🥛\nsecond line")), 0);
-            store.addItem(parse(QStringLiteral("*+Bread")).first(), 0);
-            store.addItem(ListItem::create(QString()), 11);
-            store.addList();
-            store.renameList(0, QString());
-            expected = store.items();
-            names = store.listNames();
-        }
-        SqlitePreferencesStore prefs(dir.path());
-        ListItems reopened(prefs);
-        QCOMPARE(reopened.listNames().size(), 13);
-        QCOMPARE(reopened.listNames(), names);
-        QCOMPARE(reopened.items(), expected);
     }
 
     void operations_data()

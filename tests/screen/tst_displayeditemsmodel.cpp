@@ -141,21 +141,6 @@ private slots:
         f.model->releaseUpdates();
         QCOMPARE(f.take(), (QStringList{"insert 1-1", "count"}));
     }
-
-    void tenThousandItemsToggleAndPinWithoutAReset()
-    {
-        Fixture f({});
-        ItemList items;
-        for (int i = 0; i < 10000; ++i)
-            items << ListItem::create(QStringLiteral("item %1").arg(i));
-        f.store->replaceList(0, items);
-        f.take();
-        f.store->setState(ListItemState::done, items[7345].id, 0);
-        QCOMPARE(f.take(), QStringList{"data 7345-7345"});
-        f.store->setPinned(true, items[9999].id, 0);
-        QCOMPARE(f.take(), (QStringList{"move 9999>0", "data 0-9999"}));
-        QCOMPARE(f.shown().first(), QStringLiteral("item 9999"));
-    }
 };
 
 QTEST_MAIN(TestDisplayedItemsModel)
