@@ -56,47 +56,34 @@ private slots:
         QCOMPARE(WindowPlacement::placed(hasStored ? std::optional(stored) : std::nullopt, screens), expected);
     }
 
-    void storedValues_data()
+    void storedValues()
     {
-        QTest::addColumn<QVariantList>("values"); // x, y, width, height, maximised; invalid: absent
-        QTest::addColumn<bool>("usable");
-        QTest::addColumn<QRect>("normal");
-        QTest::addColumn<bool>("maximized");
-
         const auto row = [](qint64 x, qint64 y, qint64 w, qint64 h, qint64 m) {
             return QVariantList{QVariant(x), QVariant(y), QVariant(w), QVariant(h), QVariant(m)};
         };
-        QTest::newRow("all there") << row(-20, 30, 500, 700, 0) << true << QRect(-20, 30, 500, 700) << false;
-        QTest::newRow("maximised") << row(0, 0, 390, 844, 1) << true << QRect(0, 0, 390, 844) << true;
-        QTest::newRow("absurd values bounded") << row(qint64(1) << 40, -(qint64(1) << 40), qint64(1) << 40, 600, 7) << true
-                                               << QRect(1'000'000, -1'000'000, 1'000'000, 600) << true;
-        QTest::newRow("zero width") << row(0, 0, 0, 700, 0) << false << QRect() << false;
-        QVariantList missing = row(0, 0, 500, 700, 0);
+        QVariantList missing = row(0, 0, 500, 700, 0), text = missing;
         missing[1] = QVariant();
-        QTest::newRow("one value missing") << missing << false << QRect() << false;
-        QVariantList text = row(0, 0, 500, 700, 0);
         text[3] = QStringLiteral("700");
-        QTest::newRow("one value of the wrong type") << text << false << QRect() << false;
-    }
-
-    void storedValues()
-    {
-        QFETCH(QVariantList, values);
-        QFETCH(bool, usable);
-        QFETCH(QRect, normal);
-        QFETCH(bool, maximized);
-        MemoryPreferencesStore store;
+        const qint64 huge = qint64(1) << 40;
+        // x, y, width, height, maximised as stored (invalid: absent), and what is read back.
+        const std::pair<QVariantList, std::optional<Geometry>> cases[] = {
+            {row(-20, 30, 500, 700, 0), Geometry{QRect(-20, 30, 500, 700), false}},
+            {row(0, 0, 390, 844, 1), Geometry{QRect(0, 0, 390, 844), true}},
+            {row(huge, -huge, huge, 600, 7), Geometry{QRect(1'000'000, -1'000'000, 1'000'000, 600), true}},
+            {row(0, 0, 0, 700, 0), std::nullopt},
+            {missing, std::nullopt},
+            {text, std::nullopt},
+        };
         const QStringList keys{QStringLiteral("windowX"), QStringLiteral("windowY"), QStringLiteral("windowWidth"),
                                QStringLiteral("windowHeight"), QStringLiteral("windowMaximized")};
-        for (int i = 0; i < keys.size(); ++i) {
-            if (values[i].isValid())
-                store.setRawForTest(keys[i], values[i]);
+        for (const auto &[values, read] : cases) {
+            MemoryPreferencesStore store;
+            for (int i = 0; i < keys.size(); ++i) {
+                if (values[i].isValid())
+                    store.setRawForTest(keys[i], values[i]);
+            }
+            QCOMPARE(WindowPlacement(store, WindowMode::Window).stored(), read);
         }
-        const WindowPlacement placement(store, WindowMode::Window);
-        const auto stored = placement.stored();
-        QCOMPARE(stored.has_value(), usable);
-        if (usable)
-            QCOMPARE(*stored, (Geometry{normal, maximized}));
     }
 
     // Through a real window: the first run opens at phone size; what the
