@@ -13,7 +13,6 @@ public:
     void lightImpact() override { events.append(Event::lightImpact); }
     void successNotification() override { events.append(Event::successNotification); }
 
-    int count(Event event) const { return int(events.count(event)); }
     void clear() { events.clear(); }
 
     QList<Event> events;

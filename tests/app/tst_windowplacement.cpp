@@ -56,47 +56,34 @@ private slots:
         QCOMPARE(WindowPlacement::placed(hasStored ? std::optional(stored) : std::nullopt, screens), expected);
     }
 
-    void storedValues_data()
+    void storedValues()
     {
-        QTest::addColumn<QVariantList>("values"); // x, y, width, height, maximised; invalid: absent
-        QTest::addColumn<bool>("usable");
-        QTest::addColumn<QRect>("normal");
-        QTest::addColumn<bool>("maximized");
-
         const auto row = [](qint64 x, qint64 y, qint64 w, qint64 h, qint64 m) {
             return QVariantList{QVariant(x), QVariant(y), QVariant(w), QVariant(h), QVariant(m)};
         };
-        QTest::newRow("all there") << row(-20, 30, 500, 700, 0) << true << QRect(-20, 30, 500, 700) << false;
-        QTest::newRow("maximised") << row(0, 0, 390, 844, 1) << true << QRect(0, 0, 390, 844) << true;
-        QTest::newRow("absurd values bounded") << row(qint64(1) << 40, -(qint64(1) << 40), qint64(1) << 40, 600, 7) << true
-                                               << QRect(1'000'000, -1'000'000, 1'000'000, 600) << true;
-        QTest::newRow("zero width") << row(0, 0, 0, 700, 0) << false << QRect() << false;
-        QVariantList missing = row(0, 0, 500, 700, 0);
+        QVariantList missing = row(0, 0, 500, 700, 0), text = missing;
         missing[1] = QVariant();
-        QTest::newRow("one value missing") << missing << false << QRect() << false;
-        QVariantList text = row(0, 0, 500, 700, 0);
         text[3] = QStringLiteral("700");
-        QTest::newRow("one value of the wrong type") << text << false << QRect() << false;
-    }
-
-    void storedValues()
-    {
-        QFETCH(QVariantList, values);
-        QFETCH(bool, usable);
-        QFETCH(QRect, normal);
-        QFETCH(bool, maximized);
-        MemoryPreferencesStore store;
+        const qint64 huge = qint64(1) << 40;
+        // x, y, width, height, maximised as stored (invalid: absent), and what is read back.
+        const std::pair<QVariantList, std::optional<Geometry>> cases[] = {
+            {row(-20, 30, 500, 700, 0), Geometry{QRect(-20, 30, 500, 700), false}},
+            {row(0, 0, 390, 844, 1), Geometry{QRect(0, 0, 390, 844), true}},
+            {row(huge, -huge, huge, 600, 7), Geometry{QRect(1'000'000, -1'000'000, 1'000'000, 600), true}},
+            {row(0, 0, 0, 700, 0), std::nullopt},
+            {missing, std::nullopt},
+            {text, std::nullopt},
+        };
         const QStringList keys{QStringLiteral("windowX"), QStringLiteral("windowY"), QStringLiteral("windowWidth"),
                                QStringLiteral("windowHeight"), QStringLiteral("windowMaximized")};
-        for (int i = 0; i < keys.size(); ++i) {
-            if (values[i].isValid())
-                store.setRawForTest(keys[i], values[i]);
+        for (const auto &[values, read] : cases) {
+            MemoryPreferencesStore store;
+            for (int i = 0; i < keys.size(); ++i) {
+                if (values[i].isValid())
+                    store.setRawForTest(keys[i], values[i]);
+            }
+            QCOMPARE(WindowPlacement(store, WindowMode::Window).stored(), read);
         }
-        const WindowPlacement placement(store, WindowMode::Window);
-        const auto stored = placement.stored();
-        QCOMPARE(stored.has_value(), usable);
-        if (usable)
-            QCOMPARE(*stored, (Geometry{normal, maximized}));
     }
 
     // Through a real window: the first run opens at phone size; what the
@@ -139,59 +126,46 @@ private slots:
         QVERIFY(window.windowStates().testFlag(Qt::WindowMaximized));
     }
 
-    void phoneShellFillsTheScreenAndKeepsNothing_data()
-    {
-        QTest::addColumn<WindowMode>("mode");
-        QTest::addColumn<Qt::WindowState>("state");
-        QTest::newRow("phone shell") << WindowMode::Maximized << Qt::WindowMaximized;
-        QTest::newRow("Android or iOS") << WindowMode::FullScreen << Qt::WindowFullScreen;
-    }
-
     void phoneShellFillsTheScreenAndKeepsNothing()
     {
-        QFETCH(WindowMode, mode);
-        QFETCH(Qt::WindowState, state);
-        MemoryPreferencesStore store;
-        {
-            WindowPlacement placement(store, mode);
-            QWindow window;
-            placement.show(window);
-            QVERIFY(window.windowStates().testFlag(state));
-            window.resize(500, 600);
-            window.showNormal();
-            window.hide();
+        // A phone shell, then Android or iOS.
+        for (const auto &[mode, state] : {std::pair{WindowMode::Maximized, Qt::WindowMaximized},
+                                          {WindowMode::FullScreen, Qt::WindowFullScreen}}) {
+            MemoryPreferencesStore store;
+            {
+                WindowPlacement placement(store, mode);
+                QWindow window;
+                placement.show(window);
+                QVERIFY(window.windowStates().testFlag(state));
+                window.resize(500, 600);
+                window.showNormal();
+                window.hide();
+            }
+            QCOMPARE(store.writeCount(), 0);
         }
-        QCOMPARE(store.writeCount(), 0);
-    }
-
-    void windowModeFromTheSession_data()
-    {
-        QTest::addColumn<QStringList>("environment");
-        QTest::addColumn<WindowMode>("mode");
-        QTest::newRow("plain desktop") << QStringList{QStringLiteral("XDG_CURRENT_DESKTOP=GNOME")} << WindowMode::Window;
-        QTest::newRow("nothing set") << QStringList{} << WindowMode::Window;
-        QTest::newRow("Phosh") << QStringList{QStringLiteral("XDG_CURRENT_DESKTOP=Phosh:GNOME")} << WindowMode::Maximized;
-        QTest::newRow("Lomiri") << QStringList{QStringLiteral("XDG_CURRENT_DESKTOP=lomiri")} << WindowMode::Maximized;
-        QTest::newRow("a name containing Phosh is not Phosh")
-            << QStringList{QStringLiteral("XDG_CURRENT_DESKTOP=NotPhosh")} << WindowMode::Window;
-        QTest::newRow("Plasma Mobile") << QStringList{QStringLiteral("XDG_CURRENT_DESKTOP=KDE"), QStringLiteral("PLASMA_PLATFORM=phone:handset")}
-                                       << WindowMode::Maximized;
-        QTest::newRow("Plasma on a desktop") << QStringList{QStringLiteral("XDG_CURRENT_DESKTOP=KDE"), QStringLiteral("PLASMA_PLATFORM=desktop")}
-                                             << WindowMode::Window;
-        QTest::newRow("Plasma Mobile, form factors in another order")
-            << QStringList{QStringLiteral("PLASMA_PLATFORM=handset:phone")} << WindowMode::Maximized;
-        QTest::newRow("touch controls asked for") << QStringList{QStringLiteral("QT_QUICK_CONTROLS_MOBILE=1")} << WindowMode::Maximized;
-        QTest::newRow("touch controls turned off") << QStringList{QStringLiteral("QT_QUICK_CONTROLS_MOBILE=0")} << WindowMode::Window;
     }
 
     void windowModeFromTheSession()
     {
-        QFETCH(QStringList, environment);
-        QFETCH(WindowMode, mode);
-        QProcessEnvironment env;
-        for (const QString &entry : environment)
-            env.insert(entry.section(QLatin1Char('='), 0, 0), entry.section(QLatin1Char('='), 1));
-        QCOMPARE(WindowModes::forEnvironment(env), mode);
+        // Variables set, space separated; whether the shell is a phone's.
+        const std::pair<const char *, bool> sessions[] = {
+            {"XDG_CURRENT_DESKTOP=GNOME", false},
+            {"", false},
+            {"XDG_CURRENT_DESKTOP=Phosh:GNOME", true},
+            {"XDG_CURRENT_DESKTOP=lomiri", true},
+            {"XDG_CURRENT_DESKTOP=NotPhosh", false},
+            {"XDG_CURRENT_DESKTOP=KDE PLASMA_PLATFORM=phone:handset", true},
+            {"XDG_CURRENT_DESKTOP=KDE PLASMA_PLATFORM=desktop", false},
+            {"PLASMA_PLATFORM=handset:phone", true},
+            {"QT_QUICK_CONTROLS_MOBILE=1", true},
+            {"QT_QUICK_CONTROLS_MOBILE=0", false},
+        };
+        for (const auto &[variables, phone] : sessions) {
+            QProcessEnvironment env;
+            for (const QString &entry : QString::fromLatin1(variables).split(u' ', Qt::SkipEmptyParts))
+                env.insert(entry.section(u'=', 0, 0), entry.section(u'=', 1));
+            QVERIFY2(WindowModes::forEnvironment(env) == (phone ? WindowMode::Maximized : WindowMode::Window), variables);
+        }
     }
 };
 

@@ -5,67 +5,27 @@
 #include "platform/AppIdentity.h"
 #include "platform/WriteReviewLink.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QHash>
 #include <QRegularExpression>
 #include <QSet>
 #include <QTest>
-#include <QXmlStreamReader>
 
 namespace {
 
-// The keys of one group of a desktop-entry style file (.desktop, D-Bus .service).
-QHash<QString, QString> readGroup(const QString &path, const QString &group)
+QString readAll(const QString &path)
 {
-    QHash<QString, QString> keys;
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
-        return keys;
-    bool inGroup = false;
-    while (!file.atEnd()) {
-        const QString line = QString::fromUtf8(file.readLine()).trimmed();
-        if (line.startsWith(QLatin1Char('[')))
-            inGroup = line == QLatin1Char('[') + group + QLatin1Char(']');
-        else if (inGroup && line.contains(QLatin1Char('=')) && !line.startsWith(QLatin1Char('#')))
-            keys.insert(line.section(QLatin1Char('='), 0, 0).trimmed(), line.section(QLatin1Char('='), 1).trimmed());
-    }
-    return keys;
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-// The text of every element of an XML file, by its path from the root
-// ("component/provides/binary"), in document order.
-QMultiHash<QString, QString> readXmlTexts(const QString &path)
+// Every capture of `pattern` in `text`, in order.
+QStringList captures(const QString &text, const QString &pattern)
 {
-    QMultiHash<QString, QString> texts;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return texts;
-    QXmlStreamReader xml(&file);
-    QStringList open;
-    QString text;
-    while (!xml.atEnd()) {
-        switch (xml.readNext()) {
-        case QXmlStreamReader::StartElement:
-            open.append(xml.name().toString());
-            text.clear();
-            break;
-        case QXmlStreamReader::Characters:
-            text += xml.text();
-            break;
-        case QXmlStreamReader::EndElement:
-            texts.insert(open.join(QLatin1Char('/')), text.trimmed());
-            open.removeLast();
-            text.clear();
-            break;
-        default:
-            break;
-        }
-    }
-    if (xml.hasError())
-        texts.clear();
-    return texts;
+    QStringList out;
+    for (const auto &match : QRegularExpression(pattern, QRegularExpression::MultilineOption).globalMatch(text))
+        out << match.captured(1).trimmed();
+    return out;
 }
 
 } // namespace
@@ -74,37 +34,26 @@ class TestInstalledFiles : public QObject
 {
     Q_OBJECT
 
-private:
-    // <staging root>/<prefix>/<relative>
-    QString installed(const QString &relative) const { return m_root + QLatin1Char('/') + relative; }
-    // A path as the installed files write it (<prefix>/...), inside the staging root.
-    QString staged(const QString &absolute) const { return m_stage + absolute; }
-
-    QString m_stage;
-    QString m_prefix;
-    QString m_root;
+    QString m_prefix = qEnvironmentVariable("MURVANE_PREFIX");
+    QString m_root = qEnvironmentVariable("MURVANE_STAGE") + m_prefix;
     const QString m_id = AppIdentity::appId;
+
+    QString installed(const QString &relative) const { return m_root + u'/' + QString(relative).replace(QLatin1String("%1"), m_id); }
 
 private slots:
     void initTestCase()
     {
-        m_stage = qEnvironmentVariable("MURVANE_STAGE");
-        m_prefix = qEnvironmentVariable("MURVANE_PREFIX");
-        QVERIFY2(!m_stage.isEmpty() && m_prefix.startsWith(QLatin1Char('/')), "MURVANE_STAGE and MURVANE_PREFIX must be set");
-        m_root = m_stage + m_prefix;
-        QVERIFY2(QFileInfo(m_root).isDir(), qPrintable(m_root));
+        QVERIFY2(m_prefix.startsWith(u'/') && QFileInfo(m_root).isDir(), "MURVANE_STAGE and MURVANE_PREFIX must be set");
     }
 
     void everyFileIsInPlace_data()
     {
         QTest::addColumn<QString>("path");
-        QTest::newRow("binary") << QStringLiteral("bin/murvane");
-        QTest::newRow("desktop file") << QStringLiteral("share/applications/%1.desktop").arg(m_id);
-        QTest::newRow("D-Bus service") << QStringLiteral("share/dbus-1/services/%1.service").arg(m_id);
-        QTest::newRow("metainfo") << QStringLiteral("share/metainfo/%1.metainfo.xml").arg(m_id);
-        QTest::newRow("scalable icon") << QStringLiteral("share/icons/hicolor/scalable/apps/%1.svg").arg(m_id);
-        QTest::newRow("symbolic icon") << QStringLiteral("share/icons/hicolor/symbolic/apps/%1-symbolic.svg").arg(m_id);
-        QTest::newRow("16 px icon") << QStringLiteral("share/icons/hicolor/16x16/apps/%1.svg").arg(m_id);
+        for (const char *path : {"bin/murvane", "share/applications/%1.desktop", "share/dbus-1/services/%1.service",
+                                 "share/metainfo/%1.metainfo.xml", "share/icons/hicolor/scalable/apps/%1.svg",
+                                 "share/icons/hicolor/symbolic/apps/%1-symbolic.svg",
+                                 "share/icons/hicolor/16x16/apps/%1.svg"})
+            QTest::newRow(path) << QString::fromLatin1(path);
     }
 
     void everyFileIsInPlace()
@@ -112,64 +61,49 @@ private slots:
         QFETCH(QString, path);
         const QFileInfo file(installed(path));
         QVERIFY2(file.isFile() && file.size() > 0, qPrintable(file.filePath()));
-        if (path.startsWith(QLatin1String("bin/")))
-            QVERIFY(file.isExecutable());
-        if (path.endsWith(QLatin1String(".svg"))) {
-            QFile svg(file.filePath());
-            QVERIFY(svg.open(QIODevice::ReadOnly));
-            const QString text = QString::fromUtf8(svg.readAll());
-            // Square, so shells neither crop nor stretch it.
-            static const QRegularExpression size(QStringLiteral("<svg[^>]* width=\"(\\d+)\" height=\"(\\d+)\""));
-            const auto match = size.match(text);
-            QVERIFY(match.hasMatch());
-            QCOMPARE(match.captured(1), match.captured(2));
-            // A symbolic icon is recoloured by the theme: one colour only.
-            if (path.contains(QLatin1String("symbolic"))) {
-                static const QRegularExpression colour(QStringLiteral("#[0-9a-fA-F]{3,8}\\b"));
-                QSet<QString> colours;
-                for (const auto &found : colour.globalMatch(text))
-                    colours.insert(found.captured().toLower());
-                QCOMPARE(colours.size(), 1);
-            }
+        QCOMPARE(file.isExecutable(), path.startsWith(QLatin1String("bin/")));
+        if (!path.endsWith(QLatin1String(".svg")))
+            return;
+        const QString text = readAll(file.filePath());
+        // Square, so shells neither crop nor stretch it.
+        const QStringList size = captures(text, QStringLiteral("<svg[^>]* width=\"(\\d+)\""))
+            + captures(text, QStringLiteral("<svg[^>]* height=\"(\\d+)\""));
+        QCOMPARE(size.size(), 2);
+        QCOMPARE(size[0], size[1]);
+        // A symbolic icon is recoloured by the theme: one colour only.
+        if (path.contains(QLatin1String("symbolic")))
+{
+            const QStringList colours = captures(text.toLower(), QStringLiteral("(#[0-9a-f]{3,8})\\b"));
+            QCOMPARE(QSet<QString>(colours.begin(), colours.end()).size(), 1);
         }
     }
 
     // The shell finds the icon, the D-Bus activation and the software-centre
     // page all by the app's own id; the desktop file and the D-Bus service
-    // start the binary that was installed.
+    // start the binary that was installed; "Rate Murvane!" opens that page.
     void filesNameTheAppAndItsBinary()
     {
-        const auto desktop = readGroup(installed(QStringLiteral("share/applications/%1.desktop").arg(m_id)), QStringLiteral("Desktop Entry"));
-        const auto service = readGroup(installed(QStringLiteral("share/dbus-1/services/%1.service").arg(m_id)), QStringLiteral("D-BUS Service"));
-        const auto meta = readXmlTexts(installed(QStringLiteral("share/metainfo/%1.metainfo.xml").arg(m_id)));
-        QVERIFY(!meta.isEmpty());
-
-        QCOMPARE(desktop.value(QStringLiteral("Icon")), m_id);
-        QCOMPARE(desktop.value(QStringLiteral("DBusActivatable")), QStringLiteral("true"));
-        QCOMPARE(service.value(QStringLiteral("Name")), m_id);
-        QCOMPARE(meta.value(QStringLiteral("component/id")), m_id);
-        QCOMPARE(meta.value(QStringLiteral("component/launchable")), m_id + QStringLiteral(".desktop"));
-        QCOMPARE(meta.value(QStringLiteral("component/provides/dbus")), m_id);
-
+        const QString desktop = readAll(installed(QStringLiteral("share/applications/%1.desktop")));
+        const QString service = readAll(installed(QStringLiteral("share/dbus-1/services/%1.service")));
+        const QString meta = readAll(installed(QStringLiteral("share/metainfo/%1.metainfo.xml")));
+        const auto key = [](const QString &file, const char *name) {
+            return captures(file, QStringLiteral("^%1=(.*)$").arg(QLatin1String(name)));
+        };
+        const auto element = [&](const char *name) { return captures(meta, QStringLiteral("<%1\\b[^>]*>([^<]*)</%1>").arg(QLatin1String(name))); };
         const QString binary = m_prefix + QStringLiteral("/bin/murvane");
-        QCOMPARE(desktop.value(QStringLiteral("Exec")).section(QLatin1Char(' '), 0, 0), binary);
-        QCOMPARE(service.value(QStringLiteral("Exec")).section(QLatin1Char(' '), 0, 0), binary);
-        QVERIFY(QFileInfo(staged(binary)).isExecutable());
-        QCOMPARE(meta.value(QStringLiteral("component/provides/binary")), QFileInfo(binary).fileName());
 
-        const QStringList controls = meta.values(QStringLiteral("component/supports/control"));
+        QCOMPARE(key(desktop, "Icon"), QStringList{m_id});
+        QCOMPARE(key(desktop, "DBusActivatable"), QStringList{QStringLiteral("true")});
+        QCOMPARE(key(desktop, "Exec").value(0).section(u' ', 0, 0), binary);
+        QCOMPARE(key(service, "Name"), QStringList{m_id});
+        QCOMPARE(key(service, "Exec").value(0).section(u' ', 0, 0), binary);
+        QCOMPARE(element("id"), QStringList{m_id});
+        QCOMPARE(element("launchable"), QStringList{m_id + QStringLiteral(".desktop")});
+        QCOMPARE(element("dbus"), QStringList{m_id});
+        QCOMPARE(element("binary"), QStringList{QStringLiteral("murvane")});
         for (const char *control : {"touch", "keyboard"})
-            QVERIFY2(controls.contains(QLatin1String(control)), control);
-    }
-
-    // "Rate Murvane!" opens the page the software centre builds from the
-    // installed metadata.
-    void writeReviewLinkOpensTheInstalledPage()
-    {
-        const auto meta = readXmlTexts(installed(QStringLiteral("share/metainfo/%1.metainfo.xml").arg(m_id)));
-        const QString id = meta.value(QStringLiteral("component/id"));
-        QVERIFY(!id.isEmpty());
-        QCOMPARE(WriteReviewLink::current(), QUrl(QStringLiteral("appstream://") + id));
+            QVERIFY2(element("control").contains(QLatin1String(control)), control);
+        QCOMPARE(WriteReviewLink::current(), QUrl(QStringLiteral("appstream://") + m_id));
     }
 };
 

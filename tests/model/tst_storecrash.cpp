@@ -6,8 +6,8 @@
 // The same binary is the child: `tst_storecrash --child <dir> <seed>` runs
 // a seeded script of operations and acknowledges each on standard output.
 // MURVANE_CRASH_ROUNDS sets the number of rounds (default 200).
+#include "StoreSteps.h"
 #include "model/ItemsCodec.h"
-#include "model/ListItems.h"
 #include "platform/preferences/MemoryPreferencesStore.h"
 #include "platform/preferences/SqlitePreferencesStore.h"
 
@@ -41,9 +41,8 @@ Snapshot snapshot(const PreferencesStore &p)
             p.integer(PreferenceKeys::selectedListIndex)};
 }
 
-// A deterministic stream of item and list operations, the way the screen
-// drives the store; some list operations write the selection in the same
-// transaction.
+// A deterministic stream of the screen's operations on the store, new
+// items' ids included, so that a replay makes the same ones.
 class Script
 {
 public:
@@ -54,55 +53,17 @@ public:
 
     void step(ListItems &store, PreferencesStore &prefs)
     {
-        const qint64 n = store.listCount();
-        const qint64 list = m_rng.bounded(int(n));
-        const ItemList items = store.itemsAt(list);
-        const qsizetype pos = items.isEmpty() ? -1 : m_rng.bounded(int(items.size()));
-        const int kind = m_rng.bounded(12);
-        const QString text = QStringLiteral("step %1 \"%2\"").arg(m_step++).arg(m_rng.generate());
-        if (pos < 0 && kind < 7) {
-            store.addItem(newItem(text), list);
-            return;
-        }
-        switch (kind) {
-        case 0: store.addItem(newItem(text), list); break;
-        case 1: store.updateItemText(items[pos].id, list, text); break;
-        case 2: store.setState(items[pos].isDone() ? ListItemState::toDo : ListItemState::done, items[pos].id, list); break;
-        case 3: store.setPinned(!items[pos].isPinned, items[pos].id, list); break;
-        case 4: store.deleteItems({pos}, list); break;
-        case 5: store.moveItems({pos}, m_rng.bounded(int(items.size()) + 1), list); break;
-        case 6: store.sortItems(list, m_rng.bounded(2) == 0, m_rng.bounded(2) == 0); break;
-        case 7: store.renameList(list, text); break;
-        case 8: store.addList(); break;
-        case 9: store.deleteList(n > 1 ? list : -1); break;
-        default: {
-            // As the screen does it: the operation and the selection together.
-            PreferencesStore::Transaction transaction(prefs);
-            qint64 selected = 0;
-            if (kind == 10 || list + 1 >= n) {
-                store.addList();
-            } else {
-                store.moveList(list, list + 1);
-                selected = list + 1;
-            }
-            prefs.setInteger(PreferenceKeys::selectedListIndex, store.clampSelection(selected));
-        }
-        }
+        const auto next = [this] { return int(m_rng.bounded(1000)); };
+        applyStep(store, prefs, m_undo, {next(), next(), next(), next()}, true, [this] {
+            QByteArray bytes(16, Qt::Uninitialized);
+            m_rng.fillRange(reinterpret_cast<quint32 *>(bytes.data()), 4);
+            return QUuid::fromRfc4122(bytes);
+        });
     }
 
 private:
-    ListItem newItem(const QString &text)
-    {
-        const quint64 a = m_rng.generate64();
-        const quint64 b = m_rng.generate64();
-        QUuid id(uint(a), ushort(a >> 32), ushort((a >> 48 & 0x0fff) | 0x4000), uchar(0x80 | (b & 0x3f)),
-                 uchar(b >> 8), uchar(b >> 16), uchar(b >> 24), uchar(b >> 32), uchar(b >> 40), uchar(b >> 48),
-                 uchar(b >> 56));
-        return ListItem{id, text, ListItemState::toDo, false};
-    }
-
     QRandomGenerator m_rng;
-    int m_step = 0;
+    UndoStack m_undo;
 };
 
 int runChild(const QString &dir, quint32 seed)
@@ -179,9 +140,8 @@ private slots:
             child.kill();
             QVERIFY(child.waitForFinished());
             out += child.readAllStandardOutput();
-            const QList<QByteArray> lines = out.split('\n');
             int acked = 0;
-            for (const QByteArray &line : lines)
+            for (const QByteArray &line : out.split('\n'))
                 acked = std::max(acked, line.toInt());
             totalAcks += acked;
 

@@ -17,8 +17,8 @@ class TestUndoStack : public QObject
 {
     Q_OBJECT
 
-    MemoryPreferencesStore *prefs = nullptr;
-    ListItems *store = nullptr;
+    std::unique_ptr<MemoryPreferencesStore> prefs;
+    std::unique_ptr<ListItems> store;
     UndoStack stack;
 
     // The recording steps the screen performs, kept here in their plain form.
@@ -31,20 +31,13 @@ class TestUndoStack : public QObject
 private slots:
     void init()
     {
-        prefs = new MemoryPreferencesStore;
-        store = new ListItems(*prefs);
+        store.reset();
+        prefs = std::make_unique<MemoryPreferencesStore>();
+        store = std::make_unique<ListItems>(*prefs);
         stack = UndoStack();
-        for (int i = 0; i < 6; ++i) {
-            const ListItem added = ListItem::create(QStringLiteral("item %1").arg(i));
-            store->addItem(added, 2);
-            store->setState(i % 2 ? ListItemState::done : ListItemState::toDo, added.id, 2);
-        }
+        for (int i = 0; i < 6; ++i)
+            store->addItem(ListItem::create(QStringLiteral("item %1").arg(i)), 2);
         prefs->resetWriteLog();
-    }
-    void cleanup()
-    {
-        delete store;
-        delete prefs;
     }
 
     void restoredItemKeepsPositionEvenInsidePinnedBlock()

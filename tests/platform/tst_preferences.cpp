@@ -32,26 +32,26 @@ struct Raw
         QSqlDatabase::database(name).close();
         QSqlDatabase::removeDatabase(name);
     }
-    void put(const QString &key, int type, const QVariant &value)
+    // Runs `sql` with `values` bound; returns the first column of its rows.
+    QVariantList query(const QString &sql, const QVariantList &values)
     {
         QSqlQuery q(QSqlDatabase::database(name));
-        q.prepare(QStringLiteral("INSERT OR REPLACE INTO prefs (key, type, value) VALUES (?, ?, ?)"));
-        q.addBindValue(key);
-        q.addBindValue(type);
-        q.addBindValue(value);
-        QVERIFY(q.exec());
+        q.prepare(sql);
+        for (const QVariant &value : values)
+            q.addBindValue(value);
+        QVariantList out;
+        for (q.exec(); q.next();)
+            out << q.value(0);
+        return out;
+    }
+    void put(const QString &key, int type, const QVariant &value)
+    {
+        query(QStringLiteral("INSERT OR REPLACE INTO prefs (key, type, value) VALUES (?, ?, ?)"), {key, type, value});
     }
     // The recovered copies of a key, oldest first, as stored.
     QVariantList copies(const QString &key)
     {
-        QSqlQuery q(QSqlDatabase::database(name));
-        q.prepare(QStringLiteral("SELECT value FROM recovered WHERE key = ? ORDER BY id"));
-        q.addBindValue(key);
-        q.exec();
-        QVariantList out;
-        while (q.next())
-            out << q.value(0);
-        return out;
+        return query(QStringLiteral("SELECT value FROM recovered WHERE key = ? ORDER BY id"), {key});
     }
 };
 
@@ -69,13 +69,15 @@ class TestPreferences : public QObject
     Q_OBJECT
 
 private slots:
-    void typedValuesSurviveAReopen()
+    void typedValuesSurviveAReopenInPrivateFiles()
     {
-        QTemporaryDir dir;
+        QTemporaryDir parent;
+        const QString dir = parent.filePath(QStringLiteral("a/murvane"));
         const QStringList list = {QStringLiteral("A✔"), QString(), QStringLiteral("Ü\"\\")};
         const QByteArray bytes("[[]]\xff\x00", 6);
+        const mode_t umask = ::umask(0);
         {
-            SqlitePreferencesStore p(dir.path());
+            SqlitePreferencesStore p(dir);
             QVERIFY(p.isOpen());
             p.setStringList(names, list);
             p.setData(items, bytes);
@@ -86,8 +88,17 @@ private slots:
             p.setString(QStringLiteral("emptyString"), QString());
             p.setString(QStringLiteral("gone"), QStringLiteral("x"));
             p.remove(QStringLiteral("gone"));
+            // Private whatever the umask.
+            auto mode = [](const QString &path) {
+                struct stat st = {};
+                return ::stat(QFile::encodeName(path).constData(), &st) == 0 ? int(st.st_mode & 0777) : -1;
+            };
+            QCOMPARE(mode(dir), 0700);
+            for (const char *suffix : {"", "-wal", "-shm"})
+                QCOMPARE(mode(p.databasePath() + QLatin1String(suffix)), 0600);
         }
-        SqlitePreferencesStore p(dir.path());
+        ::umask(umask);
+        SqlitePreferencesStore p(dir);
         QCOMPARE(p.stringList(names), list);
         QCOMPARE(p.data(items), bytes);
         QCOMPARE(p.integer(selection), qint64(-3));
@@ -103,25 +114,6 @@ private slots:
         QVERIFY(!p.data(names).has_value());
         QVERIFY(!p.string(selection).has_value());
         QVERIFY(p.status().message().isEmpty());
-    }
-
-    void foldersAndFilesArePrivateWhateverTheUmask()
-    {
-        QTemporaryDir parent;
-        const mode_t old = ::umask(0);
-        const QString dir = parent.filePath(QStringLiteral("a/murvane"));
-        {
-            SqlitePreferencesStore p(dir);
-            p.setString(scheme, QStringLiteral("dark"));
-            auto mode = [](const QString &path) {
-                struct stat st = {};
-                return ::stat(QFile::encodeName(path).constData(), &st) == 0 ? int(st.st_mode & 0777) : -1;
-            };
-            QCOMPARE(mode(dir), 0700);
-            for (const char *suffix : {"", "-wal", "-shm"})
-                QCOMPARE(mode(p.databasePath() + QLatin1String(suffix)), 0600);
-        }
-        ::umask(old);
     }
 
     void transactionsCommitOnceAtTheOutermostEnd()

@@ -46,51 +46,43 @@ private slots:
     }
 
     // Whether a software centre is installed decides whether the prompt shows.
-    void findsHandlers_data()
-    {
-        QTest::addColumn<QString>("file"); // relative to the data or config folder
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<bool>("found");
-
-        QTest::newRow("nothing installed") << QString() << QByteArray() << false;
-        QTest::newRow("mime cache") << "data/applications/mimeinfo.cache"
-                                    << QByteArray("[MIME Cache]\nx-scheme-handler/appstream=org.gnome.Software.desktop;\n")
-                                    << true;
-        QTest::newRow("user default") << "config/mimeapps.list"
-                                      << QByteArray("[Default Applications]\nx-scheme-handler/appstream=discover.desktop\n")
-                                      << true;
-        QTest::newRow("removed association only")
-            << "config/mimeapps.list"
-            << QByteArray("[Removed Associations]\nx-scheme-handler/appstream=org.gnome.Software.desktop;\n") << false;
-        QTest::newRow("another scheme only")
-            << "data/applications/mimeinfo.cache"
-            << QByteArray("[MIME Cache]\nx-scheme-handler/appstreamx=a.desktop;\nx-scheme-handler/apt=b.desktop;\n")
-            << false;
-        QTest::newRow("empty handler list") << "data/applications/mimeinfo.cache"
-                                            << QByteArray("[MIME Cache]\nx-scheme-handler/appstream=\n") << false;
-        QTest::newRow("desktop file without cache")
-            << "data/applications/store.desktop"
-            << QByteArray("[Desktop Entry]\nName=Store\nExec=store %U\nMimeType=x-scheme-handler/apt;x-scheme-handler/appstream;\n")
-            << true;
-        QTest::newRow("desktop file for other types")
-            << "data/applications/viewer.desktop"
-            << QByteArray("[Desktop Entry]\nName=Viewer\nMimeType=image/png;x-scheme-handler/appstreamx;\n") << false;
-    }
     void findsHandlers()
     {
-        QFETCH(QString, file);
-        QFETCH(QByteArray, text);
-        QFETCH(bool, found);
-        QTemporaryDir root;
-        if (!file.isEmpty()) {
-            QVERIFY(QDir(root.path()).mkpath(QFileInfo(file).path()));
-            QFile f(root.filePath(file));
-            QVERIFY(f.open(QIODevice::WriteOnly));
-            f.write(text);
+        // A file under the data or config folder, its text, whether it names a handler.
+        const struct
+        {
+            const char *file;
+            const char *text;
+            bool found;
+        } cases[] = {
+            {nullptr, nullptr, false},
+            {"data/applications/mimeinfo.cache",
+             "[MIME Cache]\nx-scheme-handler/appstream=org.gnome.Software.desktop;\n", true},
+            {"config/mimeapps.list", "[Default Applications]\nx-scheme-handler/appstream=discover.desktop\n", true},
+            {"config/mimeapps.list",
+             "[Removed Associations]\nx-scheme-handler/appstream=org.gnome.Software.desktop;\n", false},
+            {"data/applications/mimeinfo.cache",
+             "[MIME Cache]\nx-scheme-handler/appstreamx=a.desktop;\nx-scheme-handler/apt=b.desktop;\n", false},
+            {"data/applications/mimeinfo.cache", "[MIME Cache]\nx-scheme-handler/appstream=\n", false},
+            {"data/applications/store.desktop",
+             "[Desktop Entry]\nName=Store\nExec=store %U\nMimeType=x-scheme-handler/apt;x-scheme-handler/appstream;\n",
+             true},
+            {"data/applications/viewer.desktop",
+             "[Desktop Entry]\nName=Viewer\nMimeType=image/png;x-scheme-handler/appstreamx;\n", false},
+        };
+        for (const auto &c : cases) {
+            QTemporaryDir root;
+            if (c.file) {
+                QVERIFY(QDir(root.path()).mkpath(QFileInfo(root.filePath(QLatin1String(c.file))).path()));
+                QFile f(root.filePath(QLatin1String(c.file)));
+                QVERIFY(f.open(QIODevice::WriteOnly));
+                f.write(c.text);
+            }
+            QVERIFY2(SchemeHandlers::exists(QStringLiteral("appstream"), {root.filePath(QStringLiteral("data"))},
+                                            {root.filePath(QStringLiteral("config"))})
+                         == c.found,
+                     c.file ? c.file : "nothing installed");
         }
-        QCOMPARE(SchemeHandlers::exists(QStringLiteral("appstream"), {root.filePath(QStringLiteral("data"))},
-                                        {root.filePath(QStringLiteral("config"))}),
-                 found);
     }
 };
 

