@@ -224,12 +224,6 @@ private slots:
                  QStringLiteral("x"));
     }
 
-    void objectPathFollowsTheName()
-    {
-        QCOMPARE(SingleInstance::objectPath("io.murvane.murvane"), QStringLiteral("/io/murvane/murvane"));
-        QCOMPARE(SingleInstance::objectPath("org.example.my-app"), QStringLiteral("/org/example/my_app"));
-    }
-
 private:
     QTemporaryDir m_dir;
 };
