@@ -104,6 +104,8 @@ SingleInstance::Claim SingleInstance::claim(const QVariantMap &platformData)
         releaseName();
         return Claim::AlreadyOpen;
     }
+    // It names this process and machine: nobody else's business.
+    QFile::setPermissions(m_lock.fileName(), QFile::ReadOwner | QFile::WriteOwner);
     return Claim::First;
 }
 

@@ -23,6 +23,11 @@ Flickable {
         area.focus = false;
     }
 
+    // The wrap mode is chosen before the text arrives: laid out first with
+    // word wrapping, a long unbroken run would cost what the mode avoids.
+    onTextChanged: area.take(text)
+    Component.onCompleted: area.take(text)
+
     implicitHeight: Math.min(150, Math.max(36, area.implicitHeight))
     contentWidth: width
     contentHeight: area.implicitHeight
@@ -43,13 +48,18 @@ Flickable {
     TextArea.flickable: TextArea {
         id: area
 
-        text: root.text
+        function take(newText: string) {
+            wrapMode = TextWrapping.wrapsAnywhere(newText) ? TextEdit.WrapAnywhere : TextEdit.Wrap;
+            if (text !== newText)
+                text = newText;
+        }
+
         // One line sits in the middle of the 36-point minimum.
         topPadding: Math.max(1, Math.floor((36 - metrics.lineSpacing) / 2))
         bottomPadding: topPadding
         leftPadding: 5
         rightPadding: 5
-        wrapMode: TextWrapping.wrapsAnywhere(text) ? TextEdit.WrapAnywhere : TextEdit.Wrap
+        wrapMode: TextEdit.Wrap
         textFormat: TextEdit.PlainText
         font.family: "TeX Gyre Heros"
         font.pixelSize: 15

@@ -143,6 +143,18 @@ private slots:
         QCOMPARE(next.claim(), SingleInstance::Claim::First);
     }
 
+    // The folder it makes and the lock it holds are the user's alone.
+    void theLockIsPrivate()
+    {
+        const QString folder = m_dir.filePath("data");
+        SingleInstance instance(noBus(), name, folder);
+        QCOMPARE(instance.claim(), SingleInstance::Claim::First);
+        const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther
+                            | QFile::WriteOther | QFile::ExeOther;
+        QCOMPARE(QFile::permissions(folder) & others, QFile::Permissions());
+        QCOMPARE(QFile::permissions(instance.lockFilePath()) & others, QFile::Permissions());
+    }
+
     // The desktop's calls: Activate and Open bring the app forward; there
     // are no actions, so ActivateAction does nothing.
     void desktopCalls_data()
@@ -210,12 +222,6 @@ private slots:
     {
         QCOMPARE(SingleInstance::activationToken({{"activation-token", 42}, {"desktop-startup-id", "x"}}),
                  QStringLiteral("x"));
-    }
-
-    void objectPathFollowsTheName()
-    {
-        QCOMPARE(SingleInstance::objectPath("io.murvane.murvane"), QStringLiteral("/io/murvane/murvane"));
-        QCOMPARE(SingleInstance::objectPath("org.example.my-app"), QStringLiteral("/org/example/my_app"));
     }
 
 private:
