@@ -22,7 +22,8 @@ class QuickTestSetup : public QObject
 public slots:
     void applicationAvailable()
     {
-        // The app renders on its main thread; so do its tests.
+        // Frames drawn on the test's own thread, one per event-loop turn,
+        // keep waits and grabs in step with what the test just did.
         if (qEnvironmentVariableIsEmpty("QSG_RENDER_LOOP"))
             qputenv("QSG_RENDER_LOOP", "basic");
         FontLoader::loadBundledFonts();

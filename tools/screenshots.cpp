@@ -142,7 +142,7 @@ bool shoot(QQmlEngine &engine, ScreenState &screen, const QSize &size, const QSt
 
 int main(int argc, char *argv[])
 {
-    // As the app: render on the main thread.
+    // Drawn on the main thread, so a grab shows the frame just settled.
     if (qEnvironmentVariableIsEmpty("QSG_RENDER_LOOP"))
         qputenv("QSG_RENDER_LOOP", "basic");
     QGuiApplication app(argc, argv);
