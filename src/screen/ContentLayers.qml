@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Shapes
 import Murvane
 
 // The main screen's layers: the theme's gradient behind the navigation bar,
@@ -42,19 +41,29 @@ Item {
         }
     }
 
-    // The theme's gradient, from the top-leading to the
-    // bottom-trailing corner.
-    Shape {
+    // The theme's gradient, from the top-leading to the bottom-trailing
+    // corner: a two-stop gradient along the diagonal, turned to lie across
+    // the screen and cut to it. A rectangle's gradient is drawn with the
+    // same vertex colours as every plain rectangle, so the first frame does
+    // not wait for a gradient shader of its own.
+    Item {
         anchors.fill: parent
+        clip: true
 
-        ShapePath {
-            strokeColor: "transparent"
-            strokeWidth: 0
-            fillGradient: LinearGradient {
-                x1: 0
-                y1: 0
-                x2: stack.width
-                y2: stack.height
+        Rectangle {
+            readonly property real diagonal: Math.max(Math.hypot(stack.width, stack.height), 1)
+            // Just wide enough to cover the far corners either side of the
+            // diagonal.
+            readonly property real breadth: 2 * stack.width * stack.height / diagonal
+
+            x: (stack.width - diagonal) / 2
+            y: (stack.height - breadth) / 2
+            width: diagonal
+            height: breadth
+            rotation: Math.atan2(stack.height, stack.width) * 180 / Math.PI
+            gradient: Gradient {
+                orientation: Gradient.Horizontal
+
                 GradientStop {
                     position: 0
                     color: Appearance.isDark ? Appearance.theme.darkStart : Appearance.theme.lightStart
@@ -63,24 +72,6 @@ Item {
                     position: 1
                     color: Appearance.isDark ? Appearance.theme.darkEnd : Appearance.theme.lightEnd
                 }
-            }
-            startX: 0
-            startY: 0
-            PathLine {
-                x: stack.width
-                y: 0
-            }
-            PathLine {
-                x: stack.width
-                y: stack.height
-            }
-            PathLine {
-                x: 0
-                y: stack.height
-            }
-            PathLine {
-                x: 0
-                y: 0
             }
         }
     }
