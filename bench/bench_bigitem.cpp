@@ -12,6 +12,7 @@
 #include "screen/InputBar.h"
 #include "screen/RowActions.h"
 #include "screen/ScreenState.h"
+#include "FrameTiming.h"
 #include "QuietServices.h"
 
 #include <QElapsedTimer>
@@ -45,49 +46,6 @@ QString megabyteOfText(bool prose)
     }
     text.truncate(1 << 20);
     return text;
-}
-
-bool waitForFrame(QQuickWindow *window, int timeoutMs = 3000)
-{
-    bool swapped = false;
-    const auto c = QObject::connect(window, &QQuickWindow::frameSwapped, window, [&] { swapped = true; },
-                                    Qt::DirectConnection);
-    QElapsedTimer t;
-    t.start();
-    while (!swapped && t.elapsed() < timeoutMs)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-    QObject::disconnect(c);
-    return swapped;
-}
-
-void settle(QQuickWindow *window, int quietMs = 150, int capMs = 4000)
-{
-    QElapsedTimer total;
-    total.start();
-    QElapsedTimer quiet;
-    quiet.start();
-    const auto c = QObject::connect(window, &QQuickWindow::frameSwapped, window, [&] { quiet.restart(); },
-                                    Qt::DirectConnection);
-    while (quiet.elapsed() < quietMs && total.elapsed() < capMs)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-    QObject::disconnect(c);
-}
-
-template<class F>
-double timeToFrame(QQuickWindow *window, F &&input, int timeoutMs = 3000)
-{
-    QElapsedTimer t;
-    t.start();
-    input();
-    if (!waitForFrame(window, timeoutMs))
-        std::fprintf(stderr, "no frame within %d ms\n", timeoutMs);
-    return double(t.nsecsElapsed()) / 1e6;
-}
-
-double median(std::vector<double> v)
-{
-    std::sort(v.begin(), v.end());
-    return v[v.size() / 2];
 }
 
 struct Figures
@@ -141,7 +99,7 @@ Figures measure(const QString &bigText)
             }));
             settle(&view);
         }
-        f.toggleMs = median(toggles);
+        f.toggleMs = percentile(toggles, 0.5);
         // Row 2 is the big item when there is one.
         const QString editedId = ItemsCodec::uuidText(screen->displayedItems()->itemAt(2)->id);
         f.editMs = timeToFrame(&view, [&] { screen->rows()->edit(editedId); }, 120000);

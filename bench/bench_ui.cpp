@@ -13,6 +13,7 @@
 #include "screen/ListNavigation.h"
 #include "screen/RowActions.h"
 #include "screen/ScreenState.h"
+#include "FrameTiming.h"
 #include "QuietServices.h"
 
 #include <QElapsedTimer>
@@ -26,54 +27,6 @@
 #include <cstdio>
 
 Q_IMPORT_QML_PLUGIN(MurvanePlugin)
-
-namespace {
-
-double percentile(std::vector<double> v, double p)
-{
-    std::sort(v.begin(), v.end());
-    return v[std::min(v.size() - 1, size_t(p * double(v.size() - 1) + 0.5))];
-}
-
-// Waits for the next presented frame; returns false on time-out.
-bool waitForFrame(QQuickWindow *window, int timeoutMs = 3000)
-{
-    bool swapped = false;
-    const auto c = QObject::connect(window, &QQuickWindow::frameSwapped, window, [&] { swapped = true; },
-                                    Qt::DirectConnection);
-    QElapsedTimer t;
-    t.start();
-    while (!swapped && t.elapsed() < timeoutMs)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-    QObject::disconnect(c);
-    return swapped;
-}
-
-// Lets animations finish: returns once no frame came for `quietMs`.
-void settle(QQuickWindow *window, int quietMs = 150, int capMs = 4000)
-{
-    QElapsedTimer total;
-    total.start();
-    QElapsedTimer quiet;
-    quiet.start();
-    const auto c = QObject::connect(window, &QQuickWindow::frameSwapped, window, [&] { quiet.restart(); },
-                                    Qt::DirectConnection);
-    while (quiet.elapsed() < quietMs && total.elapsed() < capMs)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-    QObject::disconnect(c);
-}
-
-template<class F>
-double timeToFrame(QQuickWindow *window, F &&input)
-{
-    QElapsedTimer t;
-    t.start();
-    input();
-    waitForFrame(window);
-    return double(t.nsecsElapsed()) / 1e6;
-}
-
-} // namespace
 
 int main(int argc, char **argv)
 {
