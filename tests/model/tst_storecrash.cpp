@@ -152,11 +152,15 @@ private slots:
             replay.setInteger(PreferenceKeys::selectedListIndex, *m_start.selection);
             ListItems replayed(replay);
             Script script(seed);
-            for (int k = 0; k < acked; ++k)
+            for (int k = 0; k < acked; ++k) {
                 script.step(replayed, replay);
+                QCOMPARE(replayed.items().size(), replayed.listNames().size());
+            }
             const Snapshot acknowledged = snapshot(replay);
             script.step(replayed, replay);
             const Snapshot inFlight = snapshot(replay);
+            replayed.saveItems();
+            QCOMPARE(ListItems(replay).items(), replayed.items()); // what is saved reads back equal
 
             SqlitePreferencesStore reopened(dir);
             QVERIFY(reopened.isOpen());
