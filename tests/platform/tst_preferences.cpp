@@ -44,10 +44,6 @@ struct Raw
             out << q.value(0);
         return out;
     }
-    void put(const QString &key, int type, const QVariant &value)
-    {
-        query(QStringLiteral("INSERT OR REPLACE INTO prefs (key, type, value) VALUES (?, ?, ?)"), {key, type, value});
-    }
     // The recovered copies of a key, oldest first, as stored.
     QVariantList copies(const QString &key)
     {
@@ -200,7 +196,7 @@ private slots:
         QTemporaryDir dir;
         SqlitePreferencesStore(dir.path()).setString(QStringLiteral("other"), QStringLiteral("x"));
         Raw raw(dir.path());
-        raw.put(key, type, stored);
+        raw.query(QStringLiteral("INSERT OR REPLACE INTO prefs (key, type, value) VALUES (?, ?, ?)"), {key, type, stored});
         for (int start = 0; start < 2; ++start) {
             SqlitePreferencesStore p(dir.path());
             QVERIFY(!p.contains(key));
