@@ -6,8 +6,9 @@
 // The same binary is the child: `tst_storecrash --child <dir> <seed>` runs
 // a seeded script of operations and acknowledges each on standard output.
 // MURVANE_CRASH_ROUNDS sets the number of rounds (default 200).
-#include "StoreSteps.h"
 #include "model/ItemsCodec.h"
+#include "model/ListItems.h"
+#include "model/UndoStack.h"
 #include "platform/preferences/MemoryPreferencesStore.h"
 #include "platform/preferences/SqlitePreferencesStore.h"
 
@@ -41,8 +42,10 @@ Snapshot snapshot(const PreferencesStore &p)
             p.integer(PreferenceKeys::selectedListIndex)};
 }
 
-// A deterministic stream of the screen's operations on the store, new
-// items' ids included, so that a replay makes the same ones.
+// A deterministic stream of the screen's operations on the store, chosen by
+// four numbers each, new items' ids included, so that a replay makes the
+// same ones. Lists and positions are sometimes out of range on purpose;
+// deletions, sorts and resets are recorded for undo as the screen records them.
 class Script
 {
 public:
@@ -53,15 +56,67 @@ public:
 
     void step(ListItems &store, PreferencesStore &prefs)
     {
-        const auto next = [this] { return int(m_rng.bounded(1000)); };
-        applyStep(store, prefs, m_undo, {next(), next(), next(), next()}, true, [this] {
-            QByteArray bytes(16, Qt::Uninitialized);
-            m_rng.fillRange(reinterpret_cast<quint32 *>(bytes.data()), 4);
-            return QUuid::fromRfc4122(bytes);
-        });
+        using namespace UndoActions;
+        const int kind = next(), a = next(), b = next(), c = next();
+        const qint64 n = store.listCount();
+        const qint64 list = n ? (a % (n + 2)) - 1 : a % 3 - 1;
+        const ItemList current = store.itemsAt(list);
+        const qsizetype at = current.isEmpty() ? 0 : b % current.size();
+        const QUuid id = current.isEmpty() ? newId() : current[at].id;
+        switch (kind % 15) {
+        case 0:
+        case 1: store.addItem(ListItem{newId(), QString::number(c), ListItemState::toDo, false}, list); break;
+        case 2: store.updateItemText(id, list, QString::number(c)); break;
+        case 3:
+            if (!current.isEmpty()) {
+                m_undo.push(DeleteItem{list, at, current[at]});
+                store.deleteItems({at}, list);
+            }
+            break;
+        case 4: store.setState(c % 2 ? ListItemState::done : ListItemState::toDo, id, list); break;
+        case 5: store.setPinned(c % 2, id, list); break;
+        case 6: store.moveItems({at}, c % (current.size() + 2), list); break;
+        case 7:
+            if (list >= 0 && list < n) {
+                m_undo.push(SortList{list, current});
+                store.sortItems(list, b % 2, c % 2);
+            }
+            break;
+        case 8:
+            store.setAllStates(list, ListItemState::toDo);
+            m_undo.push(MarkAll{list, current});
+            break;
+        case 9: store.addList(); break;
+        case 10:
+            if (n >= 2 && list >= 0 && list < n) {
+                m_undo.push(DeleteList{list, store.listNames()[list], current});
+                store.deleteList(list);
+            }
+            break;
+        case 11: store.renameList(list, QString::number(c)); break;
+        case 12: store.moveList(list, list + (b % 2 ? 1 : -1)); break;
+        case 13: m_undo.undo(store); break;
+        default: {
+            // A list operation and the selection it leaves, in one transaction.
+            PreferencesStore::Transaction transaction(prefs);
+            if (b % 2)
+                store.addList();
+            else
+                store.moveList(list, list + 1);
+            prefs.setInteger(PreferenceKeys::selectedListIndex, store.clampSelection(b % 2 ? 0 : list + 1));
+        }
+        }
     }
 
 private:
+    int next() { return int(m_rng.bounded(1000)); }
+    QUuid newId()
+    {
+        QByteArray bytes(16, Qt::Uninitialized);
+        m_rng.fillRange(reinterpret_cast<quint32 *>(bytes.data()), 4);
+        return QUuid::fromRfc4122(bytes);
+    }
+
     QRandomGenerator m_rng;
     UndoStack m_undo;
 };
