@@ -2,11 +2,15 @@
 #include "platform/FeedbackdHaptics.h"
 
 #include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QFile>
+#include <QProcess>
 #include <QRegularExpression>
+#include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTest>
 
-// Stands in for feedbackd on the private session bus the test runs under
-// (dbus-run-session, see CMakeLists) and records every trigger.
+// Stands in for feedbackd on a private bus and records every trigger.
 class FakeFeedbackd : public QObject
 {
     Q_OBJECT
@@ -29,10 +33,42 @@ class TestFeedbackdHaptics : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase()
+    {
+        const QString daemon = QStandardPaths::findExecutable(QStringLiteral("dbus-daemon"));
+        if (daemon.isEmpty())
+            QSKIP("dbus-daemon is not installed");
+        QVERIFY(m_dir.isValid());
+        const QString config = m_dir.filePath(QStringLiteral("bus.conf"));
+        QFile file(config);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(QStringLiteral("<busconfig><type>session</type><listen>unix:dir=%1</listen>"
+                                  "<auth>EXTERNAL</auth><policy context=\"default\">"
+                                  "<allow send_destination=\"*\"/><allow eavesdrop=\"true\"/><allow own=\"*\"/>"
+                                  "</policy></busconfig>")
+                       .arg(m_dir.path())
+                       .toUtf8());
+        file.close();
+        m_daemon.start(daemon, {QStringLiteral("--config-file=") + config, QStringLiteral("--nofork"),
+                                QStringLiteral("--print-address=1")});
+        QVERIFY(m_daemon.waitForStarted());
+        QVERIFY(m_daemon.waitForReadyRead(5000));
+        m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
+        QVERIFY(!m_address.isEmpty());
+    }
+
+    void cleanupTestCase()
+    {
+        if (m_daemon.state() != QProcess::NotRunning) {
+            m_daemon.terminate();
+            m_daemon.waitForFinished(3000);
+        }
+    }
+
     void cleanup()
     {
         // Each test starts without the service on the bus.
-        QDBusConnection service = bus(QStringLiteral("service"));
+        QDBusConnection service = QDBusConnection::connectToBus(m_address, QStringLiteral("service"));
         service.unregisterService(FeedbackdHaptics::serviceName);
         service.unregisterObject(FeedbackdHaptics::objectPath);
     }
@@ -41,7 +77,7 @@ private slots:
     {
         FakeFeedbackd daemon;
         publish(daemon);
-        FeedbackdHaptics haptics(bus(QStringLiteral("client1")));
+        FeedbackdHaptics haptics(QDBusConnection::connectToBus(m_address, QStringLiteral("client1")));
         haptics.lightImpact();
         haptics.successNotification();
         QTRY_COMPARE(daemon.calls.size(), 2);
@@ -60,7 +96,7 @@ private slots:
         QVERIFY(!offline.isAvailable());
         QCOMPARE(offline.pendingCalls(), 0);
 
-        FeedbackdHaptics haptics(bus(QStringLiteral("client2")));
+        FeedbackdHaptics haptics(QDBusConnection::connectToBus(m_address, QStringLiteral("client2")));
         haptics.lightImpact();
         QTRY_VERIFY(!haptics.isAvailable());
         QTRY_COMPARE(haptics.pendingCalls(), 0);
@@ -81,17 +117,15 @@ private slots:
 private:
     void publish(FakeFeedbackd &daemon)
     {
-        QDBusConnection service = bus(QStringLiteral("service"));
+        QDBusConnection service = QDBusConnection::connectToBus(m_address, QStringLiteral("service"));
         QVERIFY(service.isConnected());
         QVERIFY(service.registerObject(FeedbackdHaptics::objectPath, &daemon, QDBusConnection::ExportAllSlots));
         QVERIFY(service.registerService(FeedbackdHaptics::serviceName));
     }
 
-    // A connection of its own, as another process would have.
-    static QDBusConnection bus(const QString &name)
-    {
-        return QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
-    }
+    QTemporaryDir m_dir;
+    QProcess m_daemon;
+    QString m_address;
 };
 
 QTEST_GUILESS_MAIN(TestFeedbackdHaptics)
