@@ -93,9 +93,10 @@ Item {
             objectName: "listHeader"
             Layout.fillWidth: true
             Layout.bottomMargin: 12
-            listNames: stack.screen.store.listNames
+            store: stack.screen.store
             // The tools of Qt 6.4 do not know 64-bit integer properties.
             selectedIndex: stack.screen.lists.selectedListIndex // qmllint disable type
+            selectionDuration: stack.screen.lists.selectionDuration
             onChipTapped: index => stack.screen.lists.chooseList(index)
         }
 
