@@ -136,12 +136,18 @@ Item {
                     }
                 }
 
-                // The turning globe of dots fills the empty list; it stops
-                // drawing whenever the area is faded out.
-                GlobeView {
-                    objectName: "globe"
+                // The turning globe of dots fills the empty list. Each time
+                // the area appears it is a new globe: the spin starts again
+                // and a camera the user turned is back in its place.
+                Loader {
+                    objectName: "globeLoader"
                     anchors.fill: parent
-                    dotColor: Appearance.theme.ballButton
+                    active: emptyArea.visible
+
+                    sourceComponent: GlobeView {
+                        objectName: "globe"
+                        dotColor: Appearance.theme.ballButton
+                    }
                 }
 
                 // While the entry has focus, a tap on the empty area
