@@ -134,6 +134,7 @@ ListView {
         width: ListView.view.width
         itemText: model.displayText
         isDone: model.isDone
+        animatesStates: list.screen.sortAndUndo.markingAll
         isPinned: model.isPinned
         rotationAngle: model.rotationAngle
         z: dragged ? 5 : 0
