@@ -1,8 +1,10 @@
-// Renders the main screen with sample lists in every theme and scheme, and
-// once at tablet size, into PNG files: `murvane_screenshots <directory>`.
-// With `--more` it adds the smallest phone, the smallest and a full-HD
-// desktop window, a landscape tablet, an empty list and the open menu, for
-// checking the layout by eye.
+// Renders the main screen with sample lists in every theme and scheme, once
+// at tablet size, and in each of its passing states (an empty list with its
+// globe, an open swipe action, the menu, the delete-list alert, the share
+// sheet, the tutorial in both schemes, title editing and "Update" mode)
+// into PNG files: `murvane_screenshots <directory>`. With `--more` it adds
+// the smallest phone, the smallest and a full-HD desktop window and a
+// landscape tablet, for checking the layout by eye.
 
 #include "appearance/Appearance.h"
 #include "model/ItemsCodec.h"
@@ -14,6 +16,10 @@
 #include "platform/WriteReviewOpener.h"
 #include "platform/preferences/MemoryPreferencesStore.h"
 #include "platform/preferences/PreferencesStore.h"
+#include "platform/ShareSheet.h"
+#include "screen/DisplayedItemsModel.h"
+#include "screen/ListNavigation.h"
+#include "screen/RowActions.h"
 #include "screen/ScreenState.h"
 
 #include <QDir>
@@ -21,6 +27,7 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QQmlComponent>
+#include <QMouseEvent>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickStyle>
@@ -82,16 +89,78 @@ void settle(QQuickView &view)
     QObject::disconnect(connection);
 }
 
-// Opens the toolbar's menu and its themes submenu before the grab.
-void openMenus(QQuickItem *root)
+// What the screen is showing when it is grabbed.
+enum class Scene { Plain, Menu, SwipeOpen, DeleteAlert, Share, Tutorial, TitleEditing, Update };
+
+QQuickItem *part(QQuickItem *root, const char *name)
 {
     QQuickItem *layers = root->property("layers").value<QQuickItem *>();
-    QQuickItem *toolbar = layers ? layers->property("toolbar").value<QQuickItem *>() : nullptr;
+    return layers ? layers->property(name).value<QQuickItem *>() : nullptr;
+}
+
+// Opens the toolbar's menu before the grab.
+void openMenus(QQuickItem *root)
+{
+    QQuickItem *toolbar = part(root, "toolbar");
     QObject *menu = toolbar ? toolbar->property("menu").value<QObject *>() : nullptr;
     if (!menu)
         return;
     QQuickItem *button = toolbar->property("menuButton").value<QQuickItem *>();
     QMetaObject::invokeMethod(button, "clicked");
+}
+
+// Drags the first row a third of the way from its trailing edge and holds
+// it there, so its "Delete" action shows.
+void openSwipe(QQuickView &view)
+{
+    QQuickItem *list = part(view.rootObject(), "itemList");
+    QQuickItem *row = nullptr;
+    if (list)
+        QMetaObject::invokeMethod(list, "itemAtIndex", Q_RETURN_ARG(QQuickItem *, row), Q_ARG(int, 0));
+    if (!row)
+        return;
+    const QPointF from = row->mapToScene(QPointF(row->width() / 2, row->height() / 2));
+    const auto send = [&view](QEvent::Type type, QPointF at, Qt::MouseButtons buttons) {
+        QMouseEvent event(type, at, at, view.mapToGlobal(at), Qt::LeftButton, buttons, Qt::NoModifier);
+        QCoreApplication::sendEvent(&view, &event);
+        QCoreApplication::processEvents();
+    };
+    send(QEvent::MouseButtonPress, from, Qt::LeftButton);
+    for (int step = 1; step <= 10; ++step)
+        send(QEvent::MouseMove, from - QPointF(row->width() / 3 * step / 10, 0), Qt::LeftButton);
+}
+
+// Puts the screen in `scene`, as the user's taps would.
+void enter(Scene scene, QQuickView &view, ScreenState &screen)
+{
+    switch (scene) {
+    case Scene::Plain:
+        break;
+    case Scene::Menu:
+        openMenus(view.rootObject());
+        break;
+    case Scene::SwipeOpen:
+        openSwipe(view);
+        break;
+    case Scene::DeleteAlert:
+        screen.lists()->askToDeleteList();
+        break;
+    case Scene::Share:
+        screen.share();
+        break;
+    case Scene::Tutorial:
+        screen.openTutorial();
+        break;
+    case Scene::TitleEditing:
+        if (QQuickItem *bar = part(view.rootObject(), "navigationBar"))
+            if (auto *title = bar->property("titleEditor").value<QQuickItem *>())
+                title->forceActiveFocus(Qt::MouseFocusReason);
+        break;
+    case Scene::Update:
+        if (const ListItem *first = screen.displayedItems()->itemAt(0))
+            screen.rows()->edit(first->id.toString(QUuid::WithoutBraces).toUpper());
+        break;
+    }
 }
 
 // The screen's other services, doing nothing: a picture plays no sound.
@@ -108,7 +177,7 @@ public:
     void openWriteReviewPage() override {}
 };
 
-bool shoot(QQmlEngine &engine, ScreenState &screen, const QSize &size, const QString &path, bool withMenu = false,
+bool shoot(QQmlEngine &engine, ScreenState &screen, const QSize &size, const QString &path, Scene scene,
            StoreStatus *notice = nullptr)
 {
     QQuickView view(&engine, nullptr);
@@ -127,12 +196,14 @@ bool shoot(QQmlEngine &engine, ScreenState &screen, const QSize &size, const QSt
             item->setParentItem(view.rootObject());
     }
     view.show();
+    view.requestActivate();
     settle(view);
-    if (withMenu) {
-        openMenus(view.rootObject());
+    if (scene != Scene::Plain) {
+        enter(scene, view, screen);
         settle(view);
     }
     const QImage image = view.grabWindow();
+    screen.shareSheet()->dismiss();
     view.hide();
     view.setSource(QUrl());
     return !image.isNull() && image.save(path);
@@ -177,7 +248,7 @@ int main(int argc, char *argv[])
         QString scheme;
         QSize size;
         QString prefix;
-        bool withMenu = false;
+        Scene scene = Scene::Plain;
         qint64 selected = 1;
         int notice = 0; // 1: data recovered, 2: saving fails
     };
@@ -186,15 +257,23 @@ int main(int argc, char *argv[])
         for (const char *scheme : {"light", "dark"})
             shots.append({QString::fromLatin1(theme), QString::fromLatin1(scheme), QSize(390, 844), QString()});
     shots.append({QStringLiteral("green"), QStringLiteral("light"), QSize(1024, 1366), QStringLiteral("tablet-")});
+    const QSize phone(390, 844);
+    shots.append({QStringLiteral("green"), QStringLiteral("dark"), phone, QStringLiteral("empty-"), Scene::Plain, 3});
+    shots.append({QStringLiteral("blue"), QStringLiteral("light"), phone, QStringLiteral("swipe-"), Scene::SwipeOpen});
+    shots.append({QStringLiteral("pink"), QStringLiteral("light"), phone, QStringLiteral("menu-"), Scene::Menu});
+    shots.append({QStringLiteral("purple"), QStringLiteral("dark"), phone, QStringLiteral("alert-"), Scene::DeleteAlert});
+    shots.append({QStringLiteral("green"), QStringLiteral("light"), phone, QStringLiteral("share-"), Scene::Share});
+    shots.append({QStringLiteral("gray"), QStringLiteral("light"), phone, QStringLiteral("tutorial-"), Scene::Tutorial});
+    shots.append({QStringLiteral("gray"), QStringLiteral("dark"), phone, QStringLiteral("tutorial-"), Scene::Tutorial});
+    shots.append({QStringLiteral("classic"), QStringLiteral("light"), phone, QStringLiteral("title-"), Scene::TitleEditing});
+    shots.append({QStringLiteral("blue"), QStringLiteral("dark"), phone, QStringLiteral("update-"), Scene::Update});
     if (more) {
         shots.append({QStringLiteral("blue"), QStringLiteral("light"), QSize(360, 640), QStringLiteral("small-")});
         shots.append({QStringLiteral("green"), QStringLiteral("light"), QSize(320, 560), QStringLiteral("smallest-")});
         shots.append({QStringLiteral("gray"), QStringLiteral("dark"), QSize(1920, 1080), QStringLiteral("fullhd-")});
         shots.append({QStringLiteral("purple"), QStringLiteral("dark"), QSize(1366, 1024), QStringLiteral("landscape-")});
-        shots.append({QStringLiteral("green"), QStringLiteral("dark"), QSize(390, 844), QStringLiteral("empty-"), false, 3});
-        shots.append({QStringLiteral("pink"), QStringLiteral("light"), QSize(390, 844), QStringLiteral("menu-"), true});
-        shots.append({QStringLiteral("blue"), QStringLiteral("light"), QSize(390, 844), QStringLiteral("recovered-"), false, 1, 1});
-        shots.append({QStringLiteral("classic"), QStringLiteral("dark"), QSize(390, 844), QStringLiteral("unsaved-"), false, 1, 2});
+        shots.append({QStringLiteral("blue"), QStringLiteral("light"), phone, QStringLiteral("recovered-"), Scene::Plain, 1, 1});
+        shots.append({QStringLiteral("classic"), QStringLiteral("dark"), phone, QStringLiteral("unsaved-"), Scene::Plain, 1, 2});
     }
 
     int failures = 0;
@@ -211,7 +290,7 @@ int main(int argc, char *argv[])
         // A fresh screen each time, as at start: it reads the selection.
         ScreenState screen(preferences, haptics, {appearance, shareSheet, reviewPage});
         const QString path = out.filePath(shot.prefix + shot.theme + QLatin1Char('-') + shot.scheme + QStringLiteral(".png"));
-        if (shoot(engine, screen, shot.size, path, shot.withMenu, shot.notice ? &preferences.status() : nullptr)) {
+        if (shoot(engine, screen, shot.size, path, shot.scene, shot.notice ? &preferences.status() : nullptr)) {
             QTextStream(stdout) << path << "\n";
         } else {
             err << "failed: " << path << "\n";

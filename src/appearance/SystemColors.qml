@@ -5,13 +5,16 @@ import Murvane
 
 // The platform's own colours, the same under every theme: labels, the
 // system blue and red, separators, pressed states and the backgrounds of
-// alerts, sheets and menus, each in the form for the current scheme. The
-// light forms are also given fixed, for pages that ignore the scheme.
+// alerts, sheets and menus, each in the form for the current scheme.
 QtObject {
     readonly property bool dark: Appearance.isDark
 
     readonly property color label: dark ? "white" : "black"
+    readonly property color secondaryLabel: dark ? Qt.rgba(235 / 255, 235 / 255, 245 / 255, 0.6)
+                                                 : Qt.rgba(60 / 255, 60 / 255, 67 / 255, 0.6)
     readonly property color background: dark ? "black" : "white"
+    // A page presented over the screen, such as a sheet.
+    readonly property color elevatedBackground: dark ? "#1c1c1e" : "white"
     readonly property color blue: dark ? "#0a84ff" : "#007aff"
     readonly property color red: dark ? "#ff453a" : "#ff3b30"
     readonly property color placeholder: dark ? Qt.rgba(0.92, 0.92, 0.96, 0.3) : Qt.rgba(0.24, 0.24, 0.26, 0.3)
@@ -23,10 +26,4 @@ QtObject {
     readonly property color sheetBackground: dark ? Qt.rgba(0.17, 0.17, 0.18, 0.98) : Qt.rgba(0.98, 0.98, 0.98, 0.98)
     readonly property color sheetButtonPressed: dark ? Qt.rgba(0.24, 0.24, 0.25, 0.98) : Qt.rgba(0.9, 0.9, 0.9, 0.98)
     readonly property color menuBackground: dark ? Qt.rgba(0.17, 0.17, 0.18, 0.98) : Qt.rgba(0.97, 0.97, 0.97, 0.98)
-
-    readonly property color lightLabel: "black"
-    readonly property color lightSecondaryLabel: Qt.rgba(60 / 255, 60 / 255, 67 / 255, 0.6)
-    readonly property color lightBlue: "#007aff"
-    readonly property color lightBackground: "white"
-    readonly property color lightHairline: Qt.rgba(0, 0, 0, 0.15)
 }

@@ -3,6 +3,7 @@
 #include "decor/GlobeGeometry.h"
 #include "decor/GlobeMaterial.h"
 
+#include <QQuickWindow>
 #include <QSGGeometryNode>
 
 #include <cmath>
@@ -41,6 +42,49 @@ void GlobeItem::setSpinAngle(qreal degrees)
     if (m_scene.spins())
         update();
     emit spinAngleChanged();
+}
+
+void GlobeItem::setSpinning(bool spinning)
+{
+    if (spinning == m_spinning)
+        return;
+    if (!spinning)
+        advanceSpin();
+    m_spinning = spinning;
+    m_spinStart = m_spinAngle;
+    m_spinClock.start();
+    followFrames();
+    emit spinningChanged();
+}
+
+void GlobeItem::advanceSpin()
+{
+    if (!m_spinning || !m_scene.spins())
+        return;
+    const qreal turned = m_spinClock.elapsed() * 360.0 / GlobeScene::spinPeriodMs;
+    setSpinAngle(std::fmod(m_spinStart + turned, 360.0));
+}
+
+void GlobeItem::followFrames()
+{
+    disconnect(m_frames);
+    m_frames = {};
+    if (m_spinning && window()) {
+        // Each frame moves the spin on and asks for the next.
+        m_frames = connect(window(), &QQuickWindow::afterAnimating, this, [this] {
+            advanceSpin();
+            update();
+        });
+        // The item may only now be turning visible: ask the window itself.
+        window()->update();
+    }
+}
+
+void GlobeItem::itemChange(ItemChange change, const ItemChangeData &value)
+{
+    QQuickItem::itemChange(change, value);
+    if (change == ItemSceneChange)
+        followFrames();
 }
 
 void GlobeItem::turnCamera(qreal dx, qreal dy)

@@ -3,6 +3,7 @@
 #include "decor/GlobeScene.h"
 
 #include <QColor>
+#include <QElapsedTimer>
 #include <QQuickItem>
 #include <QtQml/qqml.h>
 
@@ -19,6 +20,9 @@ class GlobeItem : public QQuickItem
     Q_PROPERTY(QColor dotColor READ dotColor WRITE setDotColor NOTIFY dotColorChanged)
     // Degrees the spin node has turned about its y.
     Q_PROPERTY(qreal spinAngle READ spinAngle WRITE setSpinAngle NOTIFY spinAngleChanged)
+    // While true (and the variant turns), the spin advances with the clock,
+    // a full turn per spinPeriod whatever the frame rate; false holds it.
+    Q_PROPERTY(bool spinning READ spinning WRITE setSpinning NOTIFY spinningChanged)
     Q_PROPERTY(qreal cameraYaw READ cameraYaw NOTIFY cameraTurned)
     Q_PROPERTY(qreal cameraPitch READ cameraPitch NOTIFY cameraTurned)
     Q_PROPERTY(int dotCount READ dotCount NOTIFY variantChanged)
@@ -36,6 +40,8 @@ public:
     void setDotColor(const QColor &color);
     qreal spinAngle() const { return m_spinAngle; }
     void setSpinAngle(qreal degrees);
+    bool spinning() const { return m_spinning; }
+    void setSpinning(bool spinning);
     qreal cameraYaw() const { return m_turn.yaw; }
     qreal cameraPitch() const { return m_turn.pitch; }
     int dotCount() const { return m_scene.dotCount(); }
@@ -50,17 +56,26 @@ signals:
     void variantChanged();
     void dotColorChanged();
     void spinAngleChanged();
+    void spinningChanged();
     void cameraTurned();
 
 protected:
     QSGNode *updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *) override;
     void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
+    void itemChange(ItemChange change, const ItemChangeData &value) override;
 
 private:
     Variant m_variant = Animated;
     GlobeScene m_scene{GlobeScene::Variant::Animated};
     QColor m_dotColor = Qt::gray;
     qreal m_spinAngle = 0;
+    // Turns the spin to where the clock says, once per frame while spinning.
+    void advanceSpin();
+    void followFrames();
+    bool m_spinning = false;
+    QElapsedTimer m_spinClock;
+    qreal m_spinStart = 0;
+    QMetaObject::Connection m_frames;
     GlobeScene::CameraTurn m_turn;
     // The geometry must be made anew after a change of variant.
     bool m_sceneChanged = false;

@@ -5,7 +5,7 @@ import Murvane
 // tilted axis once every 65 s without end, and the user may turn the camera
 // around it by dragging. Whoever places it fades it with `opacity`; while it
 // is hidden or fully transparent it draws nothing and the spin is paused, so
-// it costs no frames at all.
+// it costs no frames at all. The spin follows the clock, not the frames.
 Item {
     id: root
 
@@ -13,7 +13,7 @@ Item {
     // True while any of it can be seen.
     readonly property bool shown: visible && opacity > 0
     readonly property alias dotCount: globe.dotCount
-    readonly property bool spinning: spin.running && !spin.paused
+    readonly property bool spinning: globe.spinning
     readonly property alias spinAngle: globe.spinAngle
 
     anchors.fill: parent
@@ -25,6 +25,7 @@ Item {
         visible: root.shown
         variant: GlobeItem.Animated
         dotColor: root.dotColor
+        spinning: root.shown
     }
 
     DragHandler {
@@ -37,17 +38,5 @@ Item {
             globe.turnCamera(drag.translation.x - drag.last.x, drag.translation.y - drag.last.y)
             drag.last = Qt.point(drag.translation.x, drag.translation.y)
         }
-    }
-
-    NumberAnimation {
-        id: spin
-        target: globe
-        property: "spinAngle"
-        from: 0
-        to: 360
-        duration: globe.spinPeriod
-        loops: Animation.Infinite
-        running: true
-        paused: !root.shown
     }
 }

@@ -6,16 +6,16 @@ import Murvane
 
 // The built-in help page, shown by the main screen as a sheet. It fills its
 // parent and closes only through its "Done" button, which emits `done()`:
-// the presenter closes the sheet in response. It keeps a light page of its
-// own whatever the theme and scheme: white, black and grey text, blue icons.
+// the presenter closes the sheet in response. It ignores the theme but
+// follows the scheme: the platform's page, label colours and blue.
 Item {
     id: root
 
     signal done()
 
-    readonly property color primaryText: SystemColors.lightLabel
-    readonly property color secondaryText: SystemColors.lightSecondaryLabel
-    readonly property color accent: SystemColors.lightBlue
+    readonly property color primaryText: SystemColors.label
+    readonly property color secondaryText: SystemColors.secondaryLabel
+    readonly property color accent: SystemColors.blue
     readonly property real margin: 16
     // Extra space between the lines of the wrapped texts.
     readonly property real lineSpacing: 4
@@ -24,7 +24,7 @@ Item {
 
     Rectangle {
         anchors.fill: parent
-        color: SystemColors.lightBackground
+        color: SystemColors.elevatedBackground
     }
 
     FontMetrics {
@@ -140,7 +140,7 @@ Item {
         id: bar
         width: parent.width
         height: 44
-        color: SystemColors.lightBackground
+        color: SystemColors.elevatedBackground
 
         Text {
             anchors.centerIn: parent
@@ -175,7 +175,7 @@ Item {
             anchors.bottom: parent.bottom
             width: parent.width
             height: 1
-            color: SystemColors.lightHairline
+            color: SystemColors.hairline
             visible: page.contentY > 0
         }
     }

@@ -11,6 +11,9 @@ Item {
     property string name
     property real pointSize: 17
     property color color: "black"
+    // The icon font has one weight: a bold icon is the glyph with its own
+    // outline drawn round it.
+    property bool bold: false
 
     readonly property symbolSpec symbol: Symbols.symbol(name)
     readonly property real em: pointSize * Symbols.emScale
@@ -35,6 +38,8 @@ Item {
             horizontalAlignment: Text.AlignHCenter
             text: root.symbol.glyph
             color: root.color
+            style: root.bold ? Text.Outline : Text.Normal
+            styleColor: root.color
             font.family: Symbols.fontFamily
             font.pixelSize: box.height
         }

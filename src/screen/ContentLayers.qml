@@ -93,9 +93,10 @@ Item {
             objectName: "listHeader"
             Layout.fillWidth: true
             Layout.bottomMargin: 12
-            listNames: stack.screen.store.listNames
+            store: stack.screen.store
             // The tools of Qt 6.4 do not know 64-bit integer properties.
             selectedIndex: stack.screen.lists.selectedListIndex // qmllint disable type
+            selectionDuration: stack.screen.lists.selectionDuration
             onChipTapped: index => stack.screen.lists.chooseList(index)
         }
 
@@ -135,12 +136,18 @@ Item {
                     }
                 }
 
-                // The turning globe of dots fills the empty list; it stops
-                // drawing whenever the area is faded out.
-                GlobeView {
-                    objectName: "globe"
+                // The turning globe of dots fills the empty list. Each time
+                // the area appears it is a new globe: the spin starts again
+                // and a camera the user turned is back in its place.
+                Loader {
+                    objectName: "globeLoader"
                     anchors.fill: parent
-                    dotColor: Appearance.theme.ballButton
+                    active: emptyArea.visible
+
+                    sourceComponent: GlobeView {
+                        objectName: "globe"
+                        dotColor: Appearance.theme.ballButton
+                    }
                 }
 
                 // While the entry has focus, a tap on the empty area

@@ -52,19 +52,31 @@ Item {
     }
 
     // The tutorial, as a sheet over the whole screen. It lives outside the
-    // layers so a theme change does not close it; it ignores the theme.
+    // layers so a theme change does not close it; it ignores the theme. Its
+    // page is made afresh on each opening, so it always opens at the top.
     BottomSheet {
         id: tutorialSheet
 
         objectName: "tutorialSheet"
+        readonly property TutorialView page: (contentItem as Loader).item as TutorialView
+
         width: root.width
         height: root.height
         closePolicy: Popup.NoAutoClose
         visible: root.screen.showTutorial
-        onClosed: root.screen.showTutorial = false
+        onAboutToShow: (contentItem as Loader).active = true
+        onClosed: {
+            (contentItem as Loader).active = false;
+            root.screen.showTutorial = false;
+        }
 
-        contentItem: TutorialView {
-            onDone: tutorialSheet.close()
+        contentItem: Loader {
+            active: false
+            onLoaded: (item as TutorialView).done.connect(tutorialSheet.close)
+
+            sourceComponent: Component {
+                TutorialView {}
+            }
         }
     }
 

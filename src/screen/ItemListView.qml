@@ -21,6 +21,8 @@ ListView {
     readonly property bool dark: Appearance.isDark
     readonly property color rowFill: dark ? Qt.rgba(0, 0, 0, 0.4 * 0.5) : Qt.rgba(0.95, 0.95, 0.95, 0.4 * 0.5)
     readonly property color divider: Appearance.pick(Appearance.theme.outlineDark, Appearance.theme.outlineLight)
+    // The dividers are 0.05 pt lines: one pixel covered a twentieth.
+    readonly property real dividerCoverage: 0.05
 
     // Brings a row to the bottom of the visible area, without animation.
     function revealItem(itemId) {
@@ -134,6 +136,7 @@ ListView {
         width: ListView.view.width
         itemText: model.displayText
         isDone: model.isDone
+        animatesStates: list.screen.sortAndUndo.markingAll
         isPinned: model.isPinned
         rotationAngle: model.rotationAngle
         z: dragged ? 5 : 0
@@ -173,16 +176,16 @@ ListView {
             Rectangle {
                 anchors.top: parent.top
                 width: parent.width
-                height: 0.5
+                height: 1
                 color: list.divider
-                opacity: 0.5
+                opacity: list.dividerCoverage
             }
             Rectangle {
                 anchors.bottom: parent.bottom
                 width: parent.width
-                height: 0.5
+                height: 1
                 color: list.divider
-                opacity: 0.5
+                opacity: list.dividerCoverage
             }
         }
 

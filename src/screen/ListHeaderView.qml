@@ -9,8 +9,12 @@ import Murvane
 Item {
     id: root
 
-    property var listNames: []
+    // The store whose list names the chips show.
+    property ListItems store: null
     property int selectedIndex: -1
+    // How long the capsule takes to reach a newly selected chip, in ms
+    // (ease-in-out); 0 jumps. Read when the selection changes.
+    property int selectionDuration: 0
 
     signal chipTapped(int index)
 
@@ -35,6 +39,37 @@ Item {
     }
 
     implicitHeight: 44
+
+    // The chip the capsule sits under: it lags selectedIndex only while the
+    // change is being handled, so the capsule starts where it was.
+    property int shownIndex: -1
+    property Item selectedChip: null
+
+    function noteChip(chip) {
+        if (chip.selected)
+            selectedChip = chip;
+        else if (selectedChip === chip)
+            selectedChip = null;
+    }
+
+    // The capsule sets off from where it is now (mid-way, if it is still
+    // travelling) towards the new chip.
+    onSelectedIndexChanged: {
+        chips.forceLayout();
+        const fromX = capsule.x;
+        const fromWidth = capsule.width;
+        const wasShown = selectedChip !== null;
+        travel.stop();
+        shownIndex = selectedIndex;
+        capsule.fromX = fromX;
+        capsule.fromWidth = fromWidth;
+        capsule.progress = wasShown && selectedChip !== null && selectionDuration > 0 ? 0 : 1;
+        if (capsule.progress < 1) {
+            travel.duration = selectionDuration;
+            travel.start();
+        }
+    }
+    Component.onCompleted: shownIndex = selectedIndex
 
     // The first time the strip has a width, the selected chip is centred.
     property bool centredOnce: false
@@ -61,6 +96,32 @@ Item {
             offsetY: 2
             // Black at 0.2, through the strip's mostly clear fill.
             color: Qt.rgba(0, 0, 0, 0.2 * 0.5)
+        }
+
+        // The same shadow under the capsule: the strip casts it as a whole,
+        // so it falls outside the strip's scrolling clip. Cut at the ends,
+        // where the capsule scrolls out of sight.
+        Item {
+            y: -20
+            width: parent.width
+            height: parent.height + 40
+            clip: true
+            z: -1
+
+            Item {
+                x: capsule.x - flick.contentX
+                y: capsule.y + 20
+                width: capsule.width
+                height: capsule.height
+                visible: capsule.visible
+
+                RoundedShadow {
+                    cornerRadius: parent.height / 2
+                    blur: 5
+                    offsetY: 2
+                    color: Qt.rgba(0, 0, 0, 0.2 * Math.max(capsule.color.a, 0.5))
+                }
+            }
         }
 
         // Lighter in the middle than at the ends.
@@ -116,6 +177,52 @@ Item {
                 }
             }
 
+            // The selected chip's capsule: its fill, inner stroke and accent
+            // glow. It travels to the next selected chip rather than
+            // appearing there, and follows its chip's size as it is renamed.
+            Rectangle {
+                id: capsule
+
+                objectName: "capsule"
+                readonly property Item chip: root.selectedChip
+                property real fromX: 0
+                property real fromWidth: 0
+                property real progress: 1
+
+                visible: chip !== null
+                x: chip ? fromX + (chip.x - fromX) * progress : 0
+                width: chip ? fromWidth + (chip.width - fromWidth) * progress : 0
+                y: chip ? chip.y : 0
+                height: chip ? chip.height : 0
+                radius: height / 2
+                color: Appearance.pick(Appearance.theme.selectedHeaderBackgroundDark,
+                                       Appearance.theme.selectedHeaderBackgroundLight)
+                border.width: Appearance.theme.selectedHeaderStrokeWidth
+                border.color: Appearance.pick(Appearance.theme.selectedHeaderStrokeColorDark,
+                                              Appearance.theme.selectedHeaderStrokeColorLight)
+
+                NumberAnimation {
+                    id: travel
+
+                    target: capsule
+                    property: "progress"
+                    from: 0
+                    to: 1
+                    easing.type: Easing.Bezier
+                    easing.bezierCurve: [0.42, 0, 0.58, 1, 1, 1]
+                }
+
+                RoundedShadow {
+                    cornerRadius: parent.height / 2
+                    blur: 6
+                    // Accent at 0.6, through the capsule's own opacity.
+                    color: {
+                        const accent = Appearance.pick(Appearance.theme.accentDark, Appearance.theme.accentLight);
+                        return Qt.rgba(accent.r, accent.g, accent.b, 0.6 * Math.max(capsule.color.a, 0.5));
+                    }
+                }
+            }
+
             Row {
                 id: chips
 
@@ -127,14 +234,16 @@ Item {
                 Repeater {
                     id: repeater
 
-                    model: root.listNames
+                    model: ListChipsModel {
+                        store: root.store
+                    }
 
                     AbstractButton {
                         id: chip
 
                         required property int index
-                        required property string modelData
-                        readonly property bool selected: index === root.selectedIndex
+                        required property string name
+                        readonly property bool selected: index === root.shownIndex
 
                         objectName: "chip_" + index
                         y: (chips.height - height) / 2
@@ -143,9 +252,15 @@ Item {
                         rightPadding: 14
                         topPadding: 8
                         bottomPadding: 8
-                        text: modelData
-                        Accessible.name: modelData
+                        text: name
+                        Accessible.name: name
                         onClicked: root.chipTapped(index)
+                        onSelectedChanged: root.noteChip(chip)
+                        Component.onCompleted: root.noteChip(chip)
+                        Component.onDestruction: {
+                            if (root.selectedChip === chip)
+                                root.selectedChip = null;
+                        }
 
                         contentItem: Text {
                             text: chip.text
@@ -154,29 +269,7 @@ Item {
                             verticalAlignment: Text.AlignVCenter
                         }
 
-                        // Only the selected chip has a background: the capsule,
-                        // its inner stroke and the accent glow.
-                        background: Rectangle {
-                            visible: chip.selected
-                            radius: height / 2
-                            color: Appearance.pick(Appearance.theme.selectedHeaderBackgroundDark,
-                                                   Appearance.theme.selectedHeaderBackgroundLight)
-                            border.width: Appearance.theme.selectedHeaderStrokeWidth
-                            border.color: Appearance.pick(Appearance.theme.selectedHeaderStrokeColorDark,
-                                                          Appearance.theme.selectedHeaderStrokeColorLight)
-
-                            RoundedShadow {
-                                cornerRadius: parent.height / 2
-                                blur: 6
-                                // Accent at 0.6, through the capsule's own opacity.
-                                color: {
-                                    const accent = Appearance.pick(Appearance.theme.accentDark, Appearance.theme.accentLight);
-                                    const fill = Appearance.pick(Appearance.theme.selectedHeaderBackgroundDark,
-                                                                 Appearance.theme.selectedHeaderBackgroundLight);
-                                    return Qt.rgba(accent.r, accent.g, accent.b, 0.6 * Math.max(fill.a, 0.5));
-                                }
-                            }
-                        }
+                        background: Item {}
                     }
                 }
             }

@@ -17,6 +17,10 @@ constexpr int kHeaderScrollDefault = 350;
 constexpr int kHeaderScrollToNewList = 500;
 constexpr int kHeaderScrollAfterChipTap = 500;
 constexpr int kHeaderScrollAfterMove = 200;
+// The capsule's journey to the new chip.
+constexpr int kCapsuleAfterChipTap = 500;
+constexpr int kCapsuleAfterMove = 300;
+constexpr int kCapsuleDefault = 350;
 // The list move animates first; the header follows a moment later.
 constexpr int kHeaderScrollDelayAfterMove = 10;
 
@@ -74,6 +78,21 @@ void ListNavigation::setSelectedListIndex(qint64 index)
 void ListNavigation::selectClamped(qint64 index)
 {
     setSelectedListIndex(m_context.store.clampSelection(index));
+}
+
+void ListNavigation::setSelectionDuration(int durationMs)
+{
+    if (durationMs == m_selectionDuration)
+        return;
+    m_selectionDuration = durationMs;
+    emit selectionDurationChanged();
+}
+
+void ListNavigation::selectPaced(qint64 index, int durationMs)
+{
+    setSelectionDuration(durationMs);
+    setSelectedListIndex(index);
+    setSelectionDuration(0);
 }
 
 bool ListNavigation::isValidSelection() const
@@ -149,7 +168,7 @@ void ListNavigation::moveList(int step)
             // The lists and the selection are saved together.
             PreferencesStore::Transaction together(m_context.preferences);
             m_context.store.moveList(from, to);
-            setSelectedListIndex(to);
+            selectPaced(to, kCapsuleAfterMove);
             selectClamped(m_selected);
         }
         QTimer::singleShot(kHeaderScrollDelayAfterMove, this,
@@ -189,7 +208,7 @@ void ListNavigation::addList()
         // The lists and the selection are saved together.
         PreferencesStore::Transaction together(m_context.preferences);
         m_context.store.addList();
-        selectClamped(0);
+        selectPaced(m_context.store.clampSelection(0), kCapsuleDefault);
     }
     emit scrollHeaderToSelected(kHeaderScrollToNewList);
     m_context.haptics.successNotification();
@@ -198,7 +217,7 @@ void ListNavigation::addList()
 void ListNavigation::chooseList(qint64 index)
 {
     m_context.haptics.lightImpact();
-    setSelectedListIndex(index);
+    selectPaced(index, kCapsuleAfterChipTap);
     emit listChosen();
     emit scrollHeaderToSelected(kHeaderScrollAfterChipTap);
 }

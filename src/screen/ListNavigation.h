@@ -24,6 +24,10 @@ class ListNavigation : public QObject
     Q_PROPERTY(bool showdefaultScreen READ showdefaultScreen NOTIFY showdefaultScreenChanged)
     Q_PROPERTY(bool showDeletionConfirmation READ showDeletionConfirmation WRITE setShowDeletionConfirmation NOTIFY showDeletionConfirmationChanged)
     Q_PROPERTY(bool titleEdited READ titleEdited NOTIFY titleEditedChanged)
+    // How long the header's capsule takes to reach a newly selected chip, in
+    // ms (ease-in-out): a chip tap and a list move animate, other changes
+    // jump (0). Set before selectedListIndexChanged is emitted.
+    Q_PROPERTY(int selectionDuration READ selectionDuration NOTIFY selectionDurationChanged)
 
 public:
     // Starts on the stored selection; takes undo entries to `undo`, and
@@ -40,6 +44,7 @@ public:
     bool showDeletionConfirmation() const { return m_showDeletionConfirmation; }
     void setShowDeletionConfirmation(bool show);
     bool titleEdited() const { return m_titleEdited; }
+    int selectionDuration() const { return m_selectionDuration; }
 
     bool isValidSelection() const;
     // An empty list shows the default screen again.
@@ -68,6 +73,7 @@ signals:
     void showdefaultScreenChanged();
     void showDeletionConfirmationChanged();
     void titleEditedChanged();
+    void selectionDurationChanged();
     // A chip was tapped.
     void listChosen();
     // Centre the selected chip in the header row over `durationMs`
@@ -79,6 +85,9 @@ signals:
 private:
     void moveList(int step);
     void selectClamped(qint64 index);
+    // Selects `index` with the capsule taking `durationMs` to get there.
+    void selectPaced(qint64 index, int durationMs);
+    void setSelectionDuration(int durationMs);
     void updateEmpty();
 
     ScreenContext m_context;
@@ -88,4 +97,5 @@ private:
     bool m_showDefaultScreen = true;
     bool m_showDeletionConfirmation = false;
     bool m_titleEdited = false;
+    int m_selectionDuration = 0;
 };

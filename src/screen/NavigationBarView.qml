@@ -52,14 +52,13 @@ Item {
             objectName: "deleteListButton"
             height: parent.height
             padding: 5
-            leftPadding: 10
-            rightPadding: 10
             text: "Delete List"
             onClicked: root.screen.lists.askToDeleteList()
 
             contentItem: SymbolIcon {
                 name: "minus"
                 pointSize: 11
+                bold: true
                 color: Appearance.foreground
             }
         }
@@ -91,14 +90,13 @@ Item {
             objectName: "newListButton"
             height: parent.height
             padding: 5
-            leftPadding: 10
-            rightPadding: 10
             text: "New List"
             onClicked: root.screen.lists.addList()
 
             contentItem: SymbolIcon {
                 name: "plus"
                 pointSize: 11
+                bold: true
                 color: Appearance.foreground
             }
         }

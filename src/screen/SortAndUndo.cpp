@@ -46,7 +46,11 @@ void SortAndUndo::markAllToDo()
 {
     const qint64 list = m_selectedList();
     const ItemList before = m_context.store.itemsAt(list);
+    m_markingAll = true;
+    emit markingAllChanged();
     m_context.store.setAllStates(list, ListItemState::toDo);
+    m_markingAll = false;
+    emit markingAllChanged();
     m_context.haptics.lightImpact();
     // Pushed whatever the selection, with an empty copy for no list.
     record(UndoActions::MarkAll{list, before});

@@ -18,6 +18,9 @@ class SortAndUndo : public QObject
 
     Q_PROPERTY(bool isAscending READ isAscending NOTIFY isAscendingChanged)
     Q_PROPERTY(bool canUndo READ canUndo NOTIFY undoStackChanged)
+    // True while "Reset Dots" changes the states: the rows animate those
+    // changes (the default animation) and show other state changes at once.
+    Q_PROPERTY(bool markingAll READ markingAll NOTIFY markingAllChanged)
 
 public:
     using SelectedList = std::function<qint64()>;
@@ -26,6 +29,7 @@ public:
 
     bool isAscending() const { return m_ascending; }
     bool canUndo() const { return !m_undo.isEmpty(); }
+    bool markingAll() const { return m_markingAll; }
     const UndoStack &undoStack() const { return m_undo; }
 
     // Keeps an entry for a change about to be made.
@@ -41,6 +45,7 @@ public slots:
 signals:
     void isAscendingChanged();
     void undoStackChanged();
+    void markingAllChanged();
     // An undo brought back a list that should be shown; emitted while the
     // rows are held, so the selection moves in the same step.
     void listRestored(qint64 listIndex);
@@ -52,4 +57,5 @@ private:
     SelectedList m_selectedList;
     UndoStack m_undo;
     bool m_ascending = true;
+    bool m_markingAll = false;
 };

@@ -9,6 +9,16 @@ Popup {
     property real gap: 0
     property int closeDuration: 250
     readonly property real shownY: parent ? parent.height - height - gap : 0
+    // How far below its place the sheet is drawn, while it slides.
+    property real slide: 0
+    readonly property real hiddenSlide: parent ? parent.height - shownY : 0
+
+    // The sheet stays in its place and what it draws slides: a popup moved
+    // past the window's edge would be cut down to fit, and grow back.
+    property Translate sliding: Translate {
+        y: root.slide
+    }
+    Component.onCompleted: contentItem.parent.transform = [sliding] // qmllint disable property
 
     y: shownY
     padding: 0
@@ -16,17 +26,17 @@ Popup {
 
     enter: Transition {
         NumberAnimation {
-            property: "y"
-            from: root.parent ? root.parent.height : 0
-            to: root.shownY
+            property: "slide"
+            from: root.hiddenSlide
+            to: 0
             duration: 300
             easing.type: Easing.OutCubic
         }
     }
     exit: Transition {
         NumberAnimation {
-            property: "y"
-            to: root.parent ? root.parent.height : 0
+            property: "slide"
+            to: root.hiddenSlide
             duration: root.closeDuration
             easing.type: Easing.InCubic
         }

@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Murvane
 
@@ -14,6 +15,20 @@ Item {
     // Off while a recycled row takes on another item, so its marker does
     // not spin from the old item's angle to the new one's.
     property bool animatesTurns: true
+    // While true, changes of isDone fade the fill, the strike-through and
+    // the marker over the default animation instead of switching at once.
+    property bool animatesStates: false
+    // How done the row looks: 0 to do, 1 done, between while it fades.
+    property real doneAmount: isDone ? 1 : 0
+
+    Behavior on doneAmount {
+        enabled: root.animatesStates
+
+        NumberAnimation {
+            duration: 350
+            easing.type: Easing.InOutQuad
+        }
+    }
 
     readonly property Item marker: markerBox
     readonly property Item textBox: textHighlight
@@ -34,7 +49,7 @@ Item {
         width: Math.max(0, Math.min(label.implicitWidth, available))
         height: label.implicitHeight
         radius: 6
-        color: root.isDone ? Qt.rgba(fill.r, fill.g, fill.b, fill.a * 0.2) : "transparent"
+        color: Qt.rgba(fill.r, fill.g, fill.b, fill.a * 0.2 * root.doneAmount)
 
         Text {
             id: label
@@ -50,7 +65,26 @@ Item {
             horizontalAlignment: Text.AlignLeft
             color: root.foreground
             font.pixelSize: 15
-            font.strikeout: root.isDone
+            font.strikeout: root.doneAmount >= 1
+        }
+
+        // The strike-through fading in or out, over the plain text.
+        Loader {
+            active: root.doneAmount > 0 && root.doneAmount < 1
+            sourceComponent: Text {
+                width: label.width
+                leftPadding: label.leftPadding
+                rightPadding: label.rightPadding
+                topPadding: label.topPadding
+                bottomPadding: label.bottomPadding
+                text: label.text
+                textFormat: Text.PlainText
+                wrapMode: Text.Wrap
+                color: label.color
+                font.pixelSize: label.font.pixelSize
+                font.strikeout: true
+                opacity: root.doneAmount
+            }
         }
     }
 
@@ -75,13 +109,32 @@ Item {
         width: 44
         height: 44
 
+        readonly property color doneColor: Appearance.pick(Appearance.theme.completeFillDark,
+                                                           Appearance.theme.completeFillLight)
+        readonly property color toDoColor: Appearance.isDark ? Qt.rgba(0.5, 0.5, 0.5, 1) : "black"
+
+        // The marker of the state left behind, fading out.
+        Loader {
+            anchors.centerIn: parent
+            active: root.doneAmount > 0 && root.doneAmount < 1
+            sourceComponent: SymbolIcon {
+                name: root.isDone ? "circle" : "largecircle.fill.circle"
+                pointSize: 17
+                color: root.isDone ? markerBox.toDoColor : markerBox.doneColor
+                rotation: doneMarker.rotation
+                opacity: root.isDone ? 1 - root.doneAmount : root.doneAmount
+            }
+        }
+
         SymbolIcon {
+            id: doneMarker
+
             objectName: "doneMarker"
             anchors.centerIn: parent
             name: root.isDone ? "largecircle.fill.circle" : "circle"
             pointSize: 17
-            color: root.isDone ? Appearance.pick(Appearance.theme.completeFillDark, Appearance.theme.completeFillLight)
-                               : (Appearance.isDark ? Qt.rgba(0.5, 0.5, 0.5, 1) : "black")
+            color: root.isDone ? markerBox.doneColor : markerBox.toDoColor
+            opacity: root.isDone ? root.doneAmount : 1 - root.doneAmount
             rotation: root.rotationAngle
 
             // A spring of mass 1, stiffness 170 and damping 15, in the

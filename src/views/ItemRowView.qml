@@ -16,6 +16,8 @@ SwipeDelegate {
     // Accumulated turn of the done-marker, in degrees.
     property real rotationAngle
     property bool animatesTurns: true
+    // The next changes of isDone fade in (see ItemRowContent).
+    property bool animatesStates: false
 
     // A tap on the marker emits tapDone, then toggleState.
     signal tapDone
@@ -48,6 +50,7 @@ SwipeDelegate {
         isPinned: row.isPinned
         rotationAngle: row.rotationAngle
         animatesTurns: row.animatesTurns
+        animatesStates: row.animatesStates
     }
 
     // Taps are told apart by where the press was, so the row itself keeps

@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Controls.Basic
-import QtQuick.Layouts
 import QtQuick.Templates as T
 import Murvane
 
@@ -35,28 +34,34 @@ BottomSheet {
     }
 
     background: Item {}
+    // Sized from its parts' own heights, which are known as soon as the text
+    // is, so the sheet opens at its final size rather than growing into it.
+    contentHeight: card.height + parts.spacing + cancel.height
 
-    ColumnLayout {
-        anchors.fill: parent
+    Column {
+        id: parts
+
+        width: root.availableWidth
         spacing: 8
 
         Rectangle {
-            Layout.fillWidth: true
-            Layout.preferredHeight: actions.implicitHeight
+            id: card
+
+            width: parent.width
+            height: preview.height + 2 * 0.5 + copy.height + email.height
             radius: 14
             color: root.cardColor
 
-            ColumnLayout {
+            Column {
                 id: actions
 
-                anchors.fill: parent
-                spacing: 0
+                width: parent.width
 
                 Flickable {
                     id: preview
 
-                    Layout.fillWidth: true
-                    Layout.preferredHeight: Math.min(previewText.implicitHeight, 220) + 32
+                    width: parent.width
+                    height: Math.min(previewText.implicitHeight, 220) + 32
                     contentHeight: previewText.implicitHeight + 32
                     clip: true
                     boundsBehavior: Flickable.StopAtBounds
@@ -76,8 +81,8 @@ BottomSheet {
                 }
 
                 Rectangle {
-                    Layout.fillWidth: true
-                    Layout.preferredHeight: 0.5
+                    width: parent.width
+                    height: 0.5
                     color: root.separator
                 }
 
@@ -85,8 +90,8 @@ BottomSheet {
                     id: copy
 
                     objectName: "copyButton"
-                    Layout.fillWidth: true
-                    Layout.preferredHeight: 56
+                    width: parent.width
+                    height: 56
                     text: "Copy"
                     focusPolicy: Qt.NoFocus
                     Accessible.name: text
@@ -104,8 +109,8 @@ BottomSheet {
                 }
 
                 Rectangle {
-                    Layout.fillWidth: true
-                    Layout.preferredHeight: 0.5
+                    width: parent.width
+                    height: 0.5
                     color: root.separator
                 }
 
@@ -113,8 +118,8 @@ BottomSheet {
                     id: email
 
                     objectName: "emailButton"
-                    Layout.fillWidth: true
-                    Layout.preferredHeight: 56
+                    width: parent.width
+                    height: 56
                     text: "Email"
                     focusPolicy: Qt.NoFocus
                     Accessible.name: text
@@ -144,8 +149,8 @@ BottomSheet {
             id: cancel
 
             objectName: "cancelButton"
-            Layout.fillWidth: true
-            Layout.preferredHeight: 56
+            width: parent.width
+            height: 56
             text: "Cancel"
             focusPolicy: Qt.NoFocus
             Accessible.name: text

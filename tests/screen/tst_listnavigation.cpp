@@ -1,7 +1,9 @@
 #include "ScreenRig.h"
+#include "screen/ListChipsModel.h"
 
 #include <QSignalSpy>
 #include <QTest>
+#include <functional>
 
 class TestListNavigation : public QObject
 {
@@ -130,6 +132,50 @@ private slots:
         const ListItems reloaded(s.prefs);
         QCOMPARE(reloaded.listNames(), names);
         QCOMPARE(reloaded.items(), s.store().items());
+    }
+
+    // The chips follow the lists row by row, never rebuilt; the capsule's
+    // pace comes with each change of the selection.
+    void chipsFollowTheListsRowByRow()
+    {
+        Screen s(QStringList{"Home", "Work", "Trip"}, QVariant(qint64(1)));
+        s.add("kept");
+        ListChipsModel chips;
+        chips.setStore(&s.store());
+        QStringList log;
+        connect(&chips, &QAbstractItemModel::modelReset, this, [&] { log << "reset"; });
+        connect(&chips, &QAbstractItemModel::dataChanged, this,
+                [&](const QModelIndex &a, const QModelIndex &b) { log << QStringLiteral("changed %1-%2").arg(a.row()).arg(b.row()); });
+        connect(&chips, &QAbstractItemModel::rowsInserted, this,
+                [&](const QModelIndex &, int a, int b) { log << QStringLiteral("inserted %1-%2").arg(a).arg(b); });
+        connect(&chips, &QAbstractItemModel::rowsRemoved, this,
+                [&](const QModelIndex &, int a, int b) { log << QStringLiteral("removed %1-%2").arg(a).arg(b); });
+        connect(&chips, &QAbstractItemModel::rowsMoved, this, [&](const QModelIndex &, int a, int, const QModelIndex &, int to) {
+            log << QStringLiteral("moved %1 to %2").arg(a).arg(to);
+        });
+        connect(&s.lists(), &ListNavigation::selectedListIndexChanged, this,
+                [&] { log << QStringLiteral("selected %1 over %2 ms").arg(s.lists().selectedListIndex()).arg(s.lists().selectionDuration()); });
+        const auto step = [&](const std::function<void()> &action, const QStringList &expected) {
+            log.clear();
+            action();
+            QCOMPARE(log, expected);
+            QStringList names;
+            for (int row = 0; row < chips.rowCount(); ++row)
+                names << chips.index(row).data().toString();
+            QCOMPARE(names, s.store().listNames());
+            QCOMPARE(s.lists().selectionDuration(), 0);
+        };
+        step([&] { s.lists().renameSelectedList("Job"); }, {"changed 1-1"});
+        step([&] { s.lists().moveListRight(); }, {"moved 1 to 3", "selected 2 over 300 ms"});
+        step([&] { s.lists().moveListLeft(); }, {"moved 1 to 3", "selected 1 over 300 ms"});
+        step([&] { s.lists().chooseList(2); }, {"selected 2 over 500 ms"});
+        step([&] { s.lists().chooseList(2); }, {});
+        step([&] { s.lists().addList(); }, {"inserted 0-0", "selected 0 over 350 ms"});
+        step([&] { s.lists().setSelectedListIndex(2); }, {"selected 2 over 0 ms"});
+        step([&] { s.lists().deleteSelectedList(); }, {"removed 2-2"});
+        step([&] { s.history().undo(); }, {"inserted 2-2"});
+        step([&] { s.lists().renameSelectedList("Job"); }, {});
+        QCOMPARE(s.shown(), QStringList{"kept"});
     }
 
     void titlePointSize_data()

@@ -32,6 +32,72 @@ Item {
             compare(String(findChild(row(0).content, "doneMarker").color), String(Appearance.theme.completeFillLight));
         }
 
+        // "Reset Dots" fades the fill, the strike-through and the marker;
+        // a tap on the marker switches them at once.
+        function test_resetDotsFadesButATapSwitches() {
+            makeScreen(["Home"], [["a", "+b"]]);
+            const content = row(0).content;
+            const seen = [];
+            const note = () => seen.push(content.doneAmount);
+            content.doneAmountChanged.connect(note);
+            tap(content.marker);
+            expectRows("+a,+b");
+            compare(seen, [1]);
+            seen.length = 0;
+            chooseMenuEntry(2);
+            expectRows("a,b");
+            tryCompare(content, "doneAmount", 0);
+            verify(seen.some(v => v > 0.1 && v < 0.9), seen);
+            for (let i = 1; i < seen.length; ++i)
+                verify(seen[i] <= seen[i - 1], seen);
+            compare(content.textBox.color.a, 0);
+            verify(!content.textBox.children[0].font.strikeout);
+            content.doneAmountChanged.disconnect(note);
+        }
+
+        // The tutorial is a new page at the top on each opening, in the
+        // scheme's colours; the empty list's globe is a new one each time
+        // the list empties.
+        function test_tutorialAndGlobeStartAfresh() {
+            makeScreen(["Home"], [["a"]]);
+            const sheet = findChild(view, "tutorialSheet");
+            for (const dark of [false, true]) {
+                if (Appearance.isDark !== dark)
+                    mouseClick(findChild(view, "schemeButton"));
+                chooseMenuEntry(1);
+                tryCompare(sheet, "opened", true);
+                const page = findChild(sheet.page, "tutorialPage");
+                compare(page.contentY, 0);
+                compare(String(findChild(sheet.page, "tutorialTitle").color), dark ? "#ffffff" : "#000000");
+                const background = grabImage(sheet.page).pixel(2, sheet.page.height - 2);
+                verify(dark ? background.hslLightness < 0.2 : background.hslLightness > 0.9, background);
+                page.contentY = page.contentHeight - page.height;
+                mouseClick(findChild(sheet.page, "doneButton"));
+                tryCompare(sheet, "visible", false);
+                verify(sheet.page === null);
+            }
+
+            const empty = layers.emptyArea;
+            const firstGlobe = () => findChild(empty, "globe");
+            compare(firstGlobe(), null);
+            swipeRow(0, false, false);
+            tryCompare(empty, "opacity", 1);
+            const globe = firstGlobe();
+            const item = findChild(globe, "globeItem");
+            mouseDrag(globe, 100, 200, 120, -80, Qt.LeftButton, Qt.NoModifier, 50);
+            verify(item.cameraYaw < -10, item.cameraYaw);
+            tryVerify(() => globe.spinAngle > 1, 2000);
+            mouseClick(layers.inputBar.undoButton);
+            expectRows("a");
+            tryVerify(() => firstGlobe() === null);
+            swipeRow(0, false, false);
+            tryVerify(() => firstGlobe() !== null);
+            const again = findChild(firstGlobe(), "globeItem");
+            verify(again !== item);
+            compare(again.cameraYaw, 0);
+            verify(again.spinAngle < 1, again.spinAngle);
+        }
+
         function test_shareTextReachesTheSheet_data() {
             return [
                 { tag: "copy", button: "copyButton" },
@@ -43,8 +109,21 @@ Item {
         function test_shareTextReachesTheSheet(data) {
             makeScreen(["Home"], [["Milk", "+Bread"]]);
             const sheet = findChild(view, "shareSheetView");
+            // From its first frame the sheet has its final height.
+            const heights = [];
+            const note = () => { if (sheet.visible) heights.push(sheet.height); };
+            sheet.visibleChanged.connect(note);
+            sheet.heightChanged.connect(note);
             mouseClick(findChild(view, "shareButton"));
+            // It slides up into its place.
+            tryVerify(() => sheet.visible);
+            verify(sheet.contentItem.mapToItem(view, 0, 0).y > sheet.y + 100);
             tryCompare(sheet, "opened", true);
+            compare(sheet.contentItem.mapToItem(view, 0, 0).y, sheet.y);
+            sheet.visibleChanged.disconnect(note);
+            sheet.heightChanged.disconnect(note);
+            verify(heights.length > 0);
+            compare(heights.filter(h => h !== sheet.height), []);
             compare(screen.shareSheet.text, "Home\n____\n\n\u2022 Milk \n\u2022 Bread \u2713");
             // It settles at the bottom, inside the margins, with buttons a finger can hit.
             tryVerify(() => sheet.y + sheet.height === view.height - 8);

@@ -30,7 +30,11 @@ Item {
 
             mouseClick(layers.inputBar.entry);
             tryVerify(() => screen.inputBar.newItemFieldIsFocused);
+            // The capsule travels from the last chip to the tapped one.
+            const capsule = findChild(layers.header, "capsule");
             mouseClick(chip(2));
+            verify(capsule.x > chip(2).x + 100, capsule.x);
+            tryVerify(() => Math.abs(capsule.x - chip(2).x) < 0.5 && capsule.width === chip(2).width, 2000);
             expectRows("in List number 2");
             tryVerify(() => !screen.inputBar.newItemFieldIsFocused);
             tryVerify(() => Math.abs(chip(2).mapToItem(flick, chip(2).width / 2, 0).x - flick.width / 2) < 1.5, 2000);
@@ -40,6 +44,7 @@ Item {
             mouseClick(findChild(view, "moveRightButton"));
             compare(screen.store.listNames.slice(1, 4), ["List number 1", "List number 3", "List number 2"]);
             tryVerify(() => chip(3).selected);
+            tryVerify(() => Math.abs(capsule.x - chip(3).x) < 0.5, 2000);
             expectRows("in List number 2");
 
             mouseClick(findChild(view, "newListButton"));
@@ -61,8 +66,13 @@ Item {
             keyClick(Qt.Key_Backspace);
             compare(screen.store.listNames[1], "");
             compare(title.placeholderText, "List Name");
+            const kept = chip(1);
             typeText("Groceries for the week");
+            // The same chip, renamed; its capsule grows with it.
+            compare(chip(1), kept);
             compare(chip(1).text, "Groceries for the week");
+            waitForRendering(view);
+            compare(findChild(layers.header, "capsule").width, kept.width);
             compare(title.font.pixelSize, 18);
             keyClick(Qt.Key_Return);
             tryVerify(() => !screen.lists.titleEdited);
