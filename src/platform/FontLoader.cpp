@@ -2,10 +2,15 @@
 
 #include "Symbols.h"
 
+#include <QDateTime>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QFont>
 #include <QFontDatabase>
 #include <QGuiApplication>
+#include <QSaveFile>
+#include <QStandardPaths>
 #include <QtEndian>
 
 #include <cmath>
@@ -101,6 +106,39 @@ QByteArray renamed(const QByteArray &font, const TableEntry &name, const QString
     return QByteArray(reinterpret_cast<const char *>(header), 6) + records + strings;
 }
 
+// The scaled emoji face is written once to the cache folder and registered
+// by path: the font engine then maps only the pictures it draws, where a
+// face registered from memory would keep all 11 MB resident for good.
+bool addScaledEmoji()
+{
+    const QFileInfo source(QStringLiteral("/usr/share/fonts/truetype/noto/NotoColorEmoji.ttf"));
+    if (!source.exists())
+        return false;
+    const QString cached = QStandardPaths::writableLocation(QStandardPaths::CacheLocation)
+        + QStringLiteral("/fonts/emoji-%1-%2-%3.ttf")
+              .arg(source.size())
+              .arg(source.lastModified().toSecsSinceEpoch())
+              .arg(qRound(kEmojiScale * 100));
+    if (QFileInfo::exists(cached) && QFontDatabase::addApplicationFont(cached) >= 0)
+        return true;
+    QFile file(source.filePath());
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray original = file.readAll();
+    const QByteArray scaledFace = scaledColorEmoji(original, kEmojiScale, emojiFamily);
+    if (scaledFace.isEmpty()) {
+        QFontDatabase::addApplicationFont(source.filePath());
+        return false;
+    }
+    QDir().mkpath(QFileInfo(cached).path());
+    QSaveFile out(cached);
+    if (out.open(QIODevice::WriteOnly) && out.write(scaledFace) == scaledFace.size() && out.commit()
+        && QFontDatabase::addApplicationFont(cached) >= 0)
+        return true;
+    // No writable cache: keep the face in memory instead.
+    return QFontDatabase::addApplicationFontFromData(scaledFace) >= 0;
+}
+
 } // namespace
 
 QByteArray scaledColorEmoji(const QByteArray &font, double scale, const QString &family)
@@ -158,16 +196,8 @@ void loadBundledFonts()
             QFontDatabase::addApplicationFont(file);
     }
     QString emoji = emojiFamily;
-    QFile emojiFile(QStringLiteral("/usr/share/fonts/truetype/noto/NotoColorEmoji.ttf"));
-    if (emojiFile.open(QIODevice::ReadOnly)) {
-        const QByteArray original = emojiFile.readAll();
-        const QByteArray scaledFace = scaledColorEmoji(original, kEmojiScale, emojiFamily);
-        if (scaledFace.isEmpty() || QFontDatabase::addApplicationFontFromData(scaledFace) < 0) {
-            // Small emoji rather than none.
-            QFontDatabase::addApplicationFontFromData(original);
-            emoji = QStringLiteral("Noto Color Emoji");
-        }
-    }
+    if (!addScaledEmoji())
+        emoji = QStringLiteral("Noto Color Emoji"); // small emoji rather than none
     // The icon font is built into the app, so every icon has its glyph.
     QFontDatabase::addApplicationFont(Symbols::fontResource());
     QFont font(uiFamily);
