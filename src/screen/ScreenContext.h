@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QRegularExpression>
 #include <QString>
 #include <QUuid>
+#include <optional>
 
 class DisplayedItemsModel;
 class Haptics;
@@ -17,9 +19,20 @@ struct ScreenContext
     DisplayedItemsModel &displayed;
     Haptics &haptics;
 
-    // Item ids cross to QML as their upper-case text; a null id as "".
-    static QString idText(const QUuid &id)
+    // Item ids cross to QML as their upper-case text and "" stands for no
+    // item. The all-zero id is an id like any other: stored lists may hold it.
+    static QString idText(const QUuid &id) { return id.toString(QUuid::WithoutBraces).toUpper(); }
+    static QString idText(const std::optional<QUuid> &id) { return id ? idText(*id) : QString(); }
+    // The id a text names, in either letter case and with or without
+    // braces; none for anything else.
+    static std::optional<QUuid> parseId(const QString &text)
     {
-        return id.isNull() ? QString() : id.toString(QUuid::WithoutBraces).toUpper();
+        const QUuid id = QUuid::fromString(text);
+        if (!id.isNull())
+            return id;
+        static const QRegularExpression zero(QStringLiteral("^\\{?0{8}-0{4}-0{4}-0{4}-0{12}\\}?$"));
+        if (zero.match(text).hasMatch())
+            return id;
+        return std::nullopt;
     }
 };
