@@ -166,7 +166,7 @@ Item {
             showBullet: stack.screen.inputBar.showBullet
             bulletOffset: stack.screen.inputBar.bulletOffset
             onNewItemEdited: text => stack.screen.inputBar.newItem = text
-            onFieldFocusEdited: focused => stack.screen.inputBar.newItemFieldIsFocused = focused
+            onFieldFocusEdited: (focused, reason) => stack.screen.inputBar.fieldFocusChanged(focused, reason)
             onAddOrUpdateAction: stack.screen.inputBar.addOrUpdate()
             onUndoAction: stack.screen.sortAndUndo.undo()
         }
