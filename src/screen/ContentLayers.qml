@@ -189,6 +189,19 @@ Item {
         }
     }
 
+    // A press anywhere outside the list closes a row left open by a swipe
+    // (the list sees to presses on itself), and still reaches what it
+    // lands on.
+    MouseArea {
+        anchors.fill: parent
+        enabled: itemList.openRow !== null
+        onPressed: mouse => {
+            mouse.accepted = false;
+            if (!itemList.contains(mapToItem(itemList, mouse.x, mouse.y)))
+                itemList.closeOpenRow();
+        }
+    }
+
     ShareSheetView {
         objectName: "shareSheetView"
         sheet: stack.screen.shareSheet

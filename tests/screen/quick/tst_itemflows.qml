@@ -148,6 +148,11 @@ Item {
             stroke(view, onPin, onPin, data.touch);
             expectRows("*C,A,B");
             tryCompare(c, "swipeOffset", 0);
+            // A tap outside the list closes the row too, and still lands.
+            open(1, false);
+            tap(layers.inputBar.entry, data.touch);
+            tryCompare(row(1), "swipeOffset", 0);
+            tryVerify(() => layers.inputBar.entry.entryActiveFocus);
             const a = open(1, false);
             const onDelete = a.mapToItem(view, a.width - SwipeGesture.buttonWidth / 2, y);
             stroke(view, onDelete, onDelete, data.touch);
