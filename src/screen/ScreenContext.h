@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QRegularExpression>
 #include <QString>
 #include <QUuid>
 #include <optional>
@@ -30,8 +29,8 @@ struct ScreenContext
         const QUuid id = QUuid::fromString(text);
         if (!id.isNull())
             return id;
-        static const QRegularExpression zero(QStringLiteral("^\\{?0{8}-0{4}-0{4}-0{4}-0{12}\\}?$"));
-        if (zero.match(text).hasMatch())
+        static const QString zero = QUuid().toString(QUuid::WithoutBraces);
+        if (text == zero || text == u'{' + zero + u'}')
             return id;
         return std::nullopt;
     }

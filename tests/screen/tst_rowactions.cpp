@@ -70,6 +70,8 @@ private slots:
         s.store().replaceList(s.lists().selectedListIndex(), list);
         const QString zero = idText(QUuid());
         QCOMPARE(s.state->displayedItems()->rowOf(zero), 1);
+        QCOMPARE(s.state->displayedItems()->rowOf('{' + zero + '}'), 1);
+        QCOMPARE(s.state->displayedItems()->rowOf(zero.chopped(1)), -1);
 
         s.rows().turnDoneMarker(zero);
         s.rows().toggleState(zero);
