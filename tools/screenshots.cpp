@@ -21,13 +21,13 @@
 #include "screen/ListNavigation.h"
 #include "screen/RowActions.h"
 #include "screen/ScreenState.h"
+#include "views/SwipeGesture.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QImage>
 #include <QQmlComponent>
-#include <QMouseEvent>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickStyle>
@@ -109,25 +109,16 @@ void openMenus(QQuickItem *root)
     QMetaObject::invokeMethod(button, "clicked");
 }
 
-// Drags the first row a third of the way from its trailing edge and holds
-// it there, so its "Delete" action shows.
+// Leaves the first row swiped open on its trailing "Delete" button, as a
+// short swipe leaves it.
 void openSwipe(QQuickView &view)
 {
     QQuickItem *list = part(view.rootObject(), "itemList");
     QQuickItem *row = nullptr;
     if (list)
         QMetaObject::invokeMethod(list, "itemAtIndex", Q_RETURN_ARG(QQuickItem *, row), Q_ARG(int, 0));
-    if (!row)
-        return;
-    const QPointF from = row->mapToScene(QPointF(row->width() / 2, row->height() / 2));
-    const auto send = [&view](QEvent::Type type, QPointF at, Qt::MouseButtons buttons) {
-        QMouseEvent event(type, at, at, view.mapToGlobal(at), Qt::LeftButton, buttons, Qt::NoModifier);
-        QCoreApplication::sendEvent(&view, &event);
-        QCoreApplication::processEvents();
-    };
-    send(QEvent::MouseButtonPress, from, Qt::LeftButton);
-    for (int step = 1; step <= 10; ++step)
-        send(QEvent::MouseMove, from - QPointF(row->width() / 3 * step / 10, 0), Qt::LeftButton);
+    if (row)
+        row->setProperty("swipeOffset", -SwipeGesture::kButtonWidth);
 }
 
 // Puts the screen in `scene`, as the user's taps would.

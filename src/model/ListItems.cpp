@@ -186,12 +186,12 @@ void ListItems::deleteItems(const QList<qsizetype> &positions, qint64 listIndex)
     QList<qsizetype> sorted = positions;
     std::sort(sorted.begin(), sorted.end());
     sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
-    // Positions are the caller's to check; an invalid one is a programming error.
-    Q_ASSERT(sorted.isEmpty() || (sorted.first() >= 0 && sorted.last() < list.size()));
-    for (auto it = sorted.crbegin(); it != sorted.crend(); ++it) {
-        if (*it >= 0 && *it < list.size())
-            list.removeAt(*it);
-    }
+    // A position outside the list makes the whole call a no-op, in every
+    // build: half a deletion would leave the undo entries pointing wrong.
+    if (!sorted.isEmpty() && (sorted.first() < 0 || sorted.last() >= list.size()))
+        return;
+    for (auto it = sorted.crbegin(); it != sorted.crend(); ++it)
+        list.removeAt(*it);
     commitList(listIndex);
 }
 
@@ -200,7 +200,7 @@ void ListItems::insertItem(const ListItem &item, qsizetype position, qint64 list
     if (!validList(listIndex))
         return;
     ItemList &list = m_items[listIndex];
-    Q_ASSERT(position >= 0 && position <= list.size());
+    // Outside 0...length: a no-op, like a bad list index.
     if (position < 0 || position > list.size())
         return;
     list.insert(position, item);

@@ -56,7 +56,8 @@ public:
     // Position of the first item with this id, or -1.
     qsizetype positionOf(qint64 listIndex, const QUuid &id) const;
 
-    // Item operations. A list index outside the lists is a silent no-op.
+    // Item operations. A list index outside the lists, and a delete or
+    // insert position outside the list, is a silent no-op.
     void addItem(const ListItem &item, qint64 listIndex);
     void updateItemText(const QUuid &id, qint64 listIndex, const QString &text);
     void deleteItems(const QList<qsizetype> &positions, qint64 listIndex);

@@ -173,7 +173,7 @@ Item {
             showBullet: stack.screen.inputBar.showBullet
             bulletOffset: stack.screen.inputBar.bulletOffset
             onNewItemEdited: text => stack.screen.inputBar.newItem = text
-            onFieldFocusEdited: focused => stack.screen.inputBar.newItemFieldIsFocused = focused
+            onFieldFocusEdited: (focused, reason) => stack.screen.inputBar.fieldFocusChanged(focused, reason)
             onAddOrUpdateAction: stack.screen.inputBar.addOrUpdate()
             onUndoAction: stack.screen.sortAndUndo.undo()
         }
@@ -193,6 +193,19 @@ Item {
             onResetDots: stack.screen.sortAndUndo.markAllToDo()
             onChooseTheme: rawValue => stack.screen.chooseTheme(rawValue)
             onShare: stack.screen.share()
+        }
+    }
+
+    // A press anywhere outside the list closes a row left open by a swipe
+    // (the list sees to presses on itself), and still reaches what it
+    // lands on.
+    MouseArea {
+        anchors.fill: parent
+        enabled: itemList.openRow !== null
+        onPressed: mouse => {
+            mouse.accepted = false;
+            if (!itemList.contains(mapToItem(itemList, mouse.x, mouse.y)))
+                itemList.closeOpenRow();
         }
     }
 

@@ -1,5 +1,6 @@
 #include "DisplayedItemsModel.h"
 
+#include "ScreenContext.h"
 #include "views/ItemRowText.h"
 
 #include <algorithm>
@@ -46,6 +47,33 @@ CommonEnds commonEnds(const Rows &a, const Rows &b)
         ++ends.suffix;
     return ends;
 }
+
+// Marks the longest run of entries of `from` that increase: the rows that
+// keep their order among themselves, so only the others need to move.
+std::vector<bool> longestIncreasing(const std::vector<qsizetype> &from)
+{
+    const size_t n = from.size();
+    std::vector<size_t> tails;          // index of the smallest tail of each run length
+    std::vector<ptrdiff_t> before(n, -1); // the entry before each in its run
+    for (size_t i = 0; i < n; ++i) {
+        const auto at = std::lower_bound(tails.begin(), tails.end(), from[i],
+                                         [&](size_t t, qsizetype value) { return from[t] < value; });
+        if (at != tails.begin())
+            before[i] = ptrdiff_t(*(at - 1));
+        if (at == tails.end())
+            tails.push_back(i);
+        else
+            *at = i;
+    }
+    std::vector<bool> stays(n, false);
+    for (ptrdiff_t i = tails.empty() ? -1 : ptrdiff_t(tails.back()); i >= 0; i = before[size_t(i)])
+        stays[size_t(i)] = true;
+    return stays;
+}
+
+// Beyond this many moved rows a reorder is one layout change instead: the
+// view then keeps its position without tracking every row's way.
+constexpr qsizetype kMaxReportedMoves = 64;
 
 } // namespace
 
@@ -174,11 +202,11 @@ const ListItem *DisplayedItemsModel::itemAt(int row) const
 
 int DisplayedItemsModel::rowOf(const QString &itemId) const
 {
-    const QUuid id = QUuid::fromString(itemId);
-    if (id.isNull())
+    const std::optional<QUuid> id = ScreenContext::parseId(itemId);
+    if (!id)
         return -1;
     for (int row = 0; row < m_rows.size(); ++row) {
-        if (m_rows[row].item.id == id)
+        if (m_rows[row].item.id == *id)
             return row;
     }
     return -1;
@@ -202,7 +230,7 @@ void DisplayedItemsModel::refresh()
             reportChangedRows(rows, 0, int(rows.size()) - 1);
             return;
         }
-        if (tryMove(rows))
+        if (tryReorder(rows))
             return;
     } else if (tryInsertOrRemove(rows)) {
         return;
@@ -264,35 +292,68 @@ bool DisplayedItemsModel::tryInsertOrRemove(Rows &rows)
     return true;
 }
 
-bool DisplayedItemsModel::tryMove(Rows &rows)
+bool DisplayedItemsModel::tryReorder(Rows &rows)
 {
-    const CommonEnds ends = commonEnds(m_rows, rows);
-    const qsizetype first = ends.prefix;
-    const qsizetype last = rows.size() - 1 - ends.suffix;
-    if (last <= first)
+    // Only the same items in another order (a sort, its undo, a pin or a
+    // drag); anything else, or repeated ids, starts afresh.
+    const qsizetype n = rows.size();
+    QHash<QUuid, qsizetype> oldRow;
+    oldRow.reserve(n);
+    for (qsizetype i = 0; i < n; ++i)
+        oldRow.insert(m_rows[i].item.id, i);
+    if (oldRow.size() != n)
         return false;
-    auto sameIds = [&](qsizetype newFrom, qsizetype oldFrom, qsizetype count) {
-        for (qsizetype k = 0; k < count; ++k) {
-            if (rows[newFrom + k].item.id != m_rows[oldFrom + k].item.id)
-                return false;
-        }
-        return true;
-    };
-    const qsizetype span = last - first;
-    if (rows[last].item.id == m_rows[first].item.id && sameIds(first, first + 1, span)) {
-        // The first row of the span went down to its end.
-        beginMoveRows({}, int(first), int(first), {}, int(last) + 1);
-        m_rows.move(first, last);
-        endMoveRows();
-    } else if (rows[first].item.id == m_rows[last].item.id && sameIds(first + 1, first, span)) {
-        // The last row of the span came up to its start.
-        beginMoveRows({}, int(last), int(last), {}, int(first));
-        m_rows.move(last, first);
-        endMoveRows();
-    } else {
-        return false;
+    std::vector<qsizetype> from(static_cast<size_t>(n));
+    std::vector<bool> taken(static_cast<size_t>(n), false);
+    for (qsizetype i = 0; i < n; ++i) {
+        const auto it = oldRow.constFind(rows[i].item.id);
+        if (it == oldRow.constEnd() || taken[size_t(*it)])
+            return false;
+        taken[size_t(*it)] = true;
+        from[size_t(i)] = *it;
     }
-    reportChangedRows(rows, 0, int(rows.size()) - 1);
+
+    const std::vector<bool> stays = longestIncreasing(from);
+    const qsizetype moves = std::count(stays.begin(), stays.end(), false);
+    if (moves <= kMaxReportedMoves) {
+        // Each row out of order goes right after the row that precedes it
+        // in the new order, which is already where it belongs.
+        const auto rowOfId = [this](const QUuid &id) {
+            for (qsizetype r = 0; r < m_rows.size(); ++r) {
+                if (m_rows[r].item.id == id)
+                    return r;
+            }
+            return qsizetype(-1);
+        };
+        for (qsizetype i = 0; i < n; ++i) {
+            if (stays[size_t(i)])
+                continue;
+            const qsizetype at = rowOfId(rows[i].item.id);
+            const qsizetype to = i == 0 ? 0 : rowOfId(rows[i - 1].item.id) + 1;
+            if (at == to)
+                continue;
+            beginMoveRows({}, int(at), int(at), {}, int(to));
+            m_rows.move(at, at < to ? to - 1 : to);
+            endMoveRows();
+        }
+        reportChangedRows(rows, 0, int(n) - 1);
+        return true;
+    }
+
+    emit aboutToReorder();
+    emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+    std::vector<qsizetype> to(static_cast<size_t>(n));
+    for (qsizetype i = 0; i < n; ++i)
+        to[size_t(from[size_t(i)])] = i;
+    const QModelIndexList before = persistentIndexList();
+    QModelIndexList after;
+    after.reserve(before.size());
+    for (const QModelIndex &old : before)
+        after << index(int(to[size_t(old.row())]));
+    changePersistentIndexList(before, after);
+    m_rows = std::move(rows);
+    emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+    emit reordered();
     return true;
 }
 

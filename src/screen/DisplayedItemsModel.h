@@ -73,6 +73,10 @@ public:
 
 signals:
     void countChanged();
+    // Around a reorder reported as one layout change: the view notes where
+    // the rows it shows stand before, and slides them from there after.
+    void aboutToReorder();
+    void reordered();
 
 private:
     // Follows the store: diffs the rows against the list as it now stands.
@@ -80,7 +84,9 @@ private:
     // Ids in the same order: report only the rows whose data differ.
     void reportChangedRows(const QList<ListItems::Positioned> &rows, int first, int last);
     bool tryInsertOrRemove(QList<ListItems::Positioned> &rows);
-    bool tryMove(QList<ListItems::Positioned> &rows);
+    // The same items reordered: row moves, or one layout change when too
+    // many rows move.
+    bool tryReorder(QList<ListItems::Positioned> &rows);
     void reset(QList<ListItems::Positioned> rows);
     QList<ListItems::Positioned> displayedRows() const;
 

@@ -35,12 +35,30 @@ void InputBar::setNewItemFieldIsFocused(bool focused)
         return;
     m_focused = focused;
     emit newItemFieldIsFocusedChanged();
-    // Losing focus ends editing, however it was lost.
+    // The screen taking the focus away ends editing.
     if (!focused)
         endEditing();
 }
 
-void InputBar::setEditingItemId(const QUuid &id)
+bool InputBar::focusLossEndsEditing(Qt::FocusReason reason)
+{
+    switch (reason) {
+    case Qt::ActiveWindowFocusReason:
+    case Qt::PopupFocusReason:
+    case Qt::MenuBarFocusReason:
+        return false;
+    default:
+        return true;
+    }
+}
+
+void InputBar::fieldFocusChanged(bool focused, int reason)
+{
+    if (focused || focusLossEndsEditing(Qt::FocusReason(reason)))
+        setNewItemFieldIsFocused(focused);
+}
+
+void InputBar::setEditingItemId(const std::optional<QUuid> &id)
 {
     if (id == m_editingItemId)
         return;
@@ -60,7 +78,7 @@ void InputBar::addOrUpdate()
     m_context.haptics.lightImpact();
     const QString text = m_newItem.trimmed();
     const qint64 list = m_lists.selectedListIndex();
-    if (m_editingItemId.isNull()) {
+    if (!m_editingItemId) {
         if (!text.isEmpty()) {
             const ListItem item = ListItem::create(text);
             m_context.store.addItem(item, list);
@@ -72,14 +90,14 @@ void InputBar::addOrUpdate()
         // The bullet flies even when nothing was added.
         fireBullet();
     } else if (!text.isEmpty()) {
-        m_context.store.updateItemText(m_editingItemId, list, text);
+        m_context.store.updateItemText(*m_editingItemId, list, text);
         setNewItem(QString());
-        setEditingItemId(QUuid());
+        setEditingItemId(std::nullopt);
         setNewItemFieldIsFocused(false);
         m_refreshId = QUuid::createUuid();
         emit refreshIDChanged();
     }
-    setEditingItemId(QUuid());
+    setEditingItemId(std::nullopt);
     setNewItem(QString());
 }
 
@@ -99,5 +117,5 @@ void InputBar::endEditing()
 {
     m_lists.showDefaultScreenIfEmpty();
     setNewItem(QString());
-    setEditingItemId(QUuid());
+    setEditingItemId(std::nullopt);
 }

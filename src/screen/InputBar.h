@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QUuid>
 #include <QtQml/qqml.h>
+#include <optional>
 
 class ListNavigation;
 struct ListItem;
@@ -41,12 +42,18 @@ public:
 
     // Puts an item's text into the field to edit it there.
     void startEditing(const ListItem &item);
+    // Whether losing the entry's focus for this reason means the user left
+    // the field. A window going to the background, or a menu or pop-up
+    // taking the keys for a while, does not: the draft stays.
+    static bool focusLossEndsEditing(Qt::FocusReason reason);
 
 public slots:
     // The return key: adds the trimmed text, or replaces the edited item's.
     void addOrUpdate();
     // However editing ends (focus lost, a list chosen), the field empties.
     void endEditing();
+    // The entry gained or lost the keyboard focus (a Qt::FocusReason).
+    void fieldFocusChanged(bool focused, int reason);
 
 signals:
     void newItemChanged();
@@ -59,16 +66,17 @@ signals:
     void scrollToItem(const QString &itemId);
 
 private:
-    void setEditingItemId(const QUuid &id);
+    void setEditingItemId(const std::optional<QUuid> &id);
     void fireBullet();
 
     ScreenContext m_context;
     ListNavigation &m_lists;
     QString m_newItem;
-    QUuid m_editingItemId;
+    // None while adding. Not a null id: an item may have the all-zero id.
+    std::optional<QUuid> m_editingItemId;
     bool m_focused = false;
     bool m_showBullet = false;
     double m_bulletOffset = 0;
-    QUuid m_lastItemId;
+    std::optional<QUuid> m_lastItemId;
     QUuid m_refreshId = QUuid::createUuid();
 };

@@ -23,6 +23,20 @@ ListView {
     readonly property color divider: Appearance.pick(Appearance.theme.outlineDark, Appearance.theme.outlineLight)
     // The dividers are 0.05 pt lines: one pixel covered a twentieth.
     readonly property real dividerCoverage: 0.05
+    // Rows moving to new places (a sort, a pin, a drop) and the rows they
+    // pass take this long, ease-in-out.
+    readonly property int moveDuration: 250
+    // Where each shown row stood before a reorder too long to move row by
+    // row, by item id, in content coordinates.
+    property var placesBeforeReorder: ({})
+    // The row whose swipe button stands open, if any.
+    property ItemRowView openRow: null
+
+    function closeOpenRow() {
+        if (openRow)
+            openRow.closeSwipe(true);
+        openRow = null;
+    }
 
     // Brings a row to the bottom of the visible area, without animation.
     function revealItem(itemId) {
@@ -65,7 +79,8 @@ ListView {
         dragGap = -1;
         interactive = true;
         autoScroll.stop();
-        if (drop && from >= 0 && gap !== from && gap !== from + 1)
+        // A drop onto the row's own place is a move too; the store decides.
+        if (drop && from >= 0 && gap >= 0)
             screen.rows.moveDisplayedRow(from, gap);
     }
 
@@ -78,6 +93,8 @@ ListView {
 
     ScrollBar.vertical: ScrollBar {}
 
+    onMovementStarted: closeOpenRow()
+
     // While the keyboard is up, a tap anywhere on the list puts it away
     // (and reaches no row); drags still scroll.
     MouseArea {
@@ -86,6 +103,53 @@ ListView {
         z: 10
         enabled: list.screen.keyboardResponder.isKeyboardShown
         onClicked: list.screen.inputBar.newItemFieldIsFocused = false
+    }
+
+    // A long reorder arrives as one change that keeps the scroll position;
+    // the rows in sight then slide from where their items stood, and those
+    // that come from out of sight fade in.
+    Connections {
+        target: list.screen.displayedItems
+
+        function onAboutToReorder() {
+            const places = {};
+            const children = list.contentItem.children;
+            for (let i = 0; i < children.length; ++i) {
+                const r = children[i] as ItemRowView;
+                if (r && r.visible)
+                    places[r.itemId] = r.y;
+            }
+            list.placesBeforeReorder = places;
+        }
+        function onReordered() {
+            const places = list.placesBeforeReorder;
+            list.placesBeforeReorder = {};
+            const children = list.contentItem.children;
+            for (let i = 0; i < children.length; ++i) {
+                const r = children[i] as ItemRowView;
+                if (!r || !r.visible || r.y + r.height < list.contentY || r.y > list.contentY + list.height)
+                    continue;
+                r.slideFrom(places[r.itemId] === undefined ? NaN : places[r.itemId] - r.y);
+            }
+        }
+    }
+
+    // While a row stands open, a press anywhere else on the list closes it
+    // and does nothing more; presses on the open row reach it.
+    MouseArea {
+        parent: list
+        anchors.fill: parent
+        z: 9
+        enabled: list.openRow !== null
+        onPressed: mouse => {
+            const open = list.openRow;
+            const p = mapToItem(open, mouse.x, mouse.y);
+            if (open && p.y >= 0 && p.y < open.height) {
+                mouse.accepted = false;
+                return;
+            }
+            list.closeOpenRow();
+        }
     }
 
     // Scrolls while a dragged row is held near the top or bottom edge.
@@ -110,7 +174,7 @@ ListView {
         id: row
 
         required property int index
-        required property string itemId
+        required itemId
         // The other roles go to properties the row already has.
         required property var model
 
@@ -129,7 +193,7 @@ ListView {
         objectName: "itemRow_" + index
         // A recycled row starts closed and takes its new angle without a turn.
         ListView.onPooled: {
-            row.swipe.close();
+            row.closeSwipe(false);
             row.animatesTurns = false;
         }
         ListView.onReused: row.animatesTurns = true
@@ -141,7 +205,17 @@ ListView {
         rotationAngle: model.rotationAngle
         z: dragged ? 5 : 0
         scale: dragged ? 1.03 : 1
-        swipe.enabled: list.dragFrom < 0
+        swipeEnabled: list.dragFrom < 0
+        slideDuration: list.moveDuration
+        onSwipeOpened: {
+            if (list.openRow !== row)
+                list.closeOpenRow();
+            list.openRow = row;
+        }
+        onSwipeOpenChanged: {
+            if (!swipeOpen && list.openRow === row)
+                list.openRow = null;
+        }
 
         transform: Translate {
             y: row.dragged ? list.dragY - list.dragStartY : row.makeRoom
@@ -149,7 +223,7 @@ ListView {
             Behavior on y {
                 enabled: !row.dragged
                 NumberAnimation {
-                    duration: 200
+                    duration: list.moveDuration
                     easing.type: Easing.InOutQuad
                 }
             }
@@ -236,6 +310,21 @@ ListView {
             property: "opacity"
             to: 0
             duration: 200
+        }
+    }
+    // Rows moving to new places, and those they pass, glide there together.
+    move: Transition {
+        NumberAnimation {
+            property: "y"
+            duration: list.moveDuration
+            easing.type: Easing.InOutQuad
+        }
+    }
+    moveDisplaced: Transition {
+        NumberAnimation {
+            property: "y"
+            duration: list.moveDuration
+            easing.type: Easing.InOutQuad
         }
     }
     displaced: Transition {

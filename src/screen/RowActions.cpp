@@ -20,11 +20,11 @@ RowActions::RowActions(const ScreenContext &context, ListNavigation &lists, Sort
 
 std::optional<ListItems::Positioned> RowActions::find(const QString &itemId) const
 {
-    const QUuid id = QUuid::fromString(itemId);
-    if (id.isNull() || !m_lists.isValidSelection())
+    const std::optional<QUuid> id = ScreenContext::parseId(itemId);
+    if (!id || !m_lists.isValidSelection())
         return std::nullopt;
     const qint64 list = m_lists.selectedListIndex();
-    const qsizetype p = m_context.store.positionOf(list, id);
+    const qsizetype p = m_context.store.positionOf(list, *id);
     if (p < 0)
         return std::nullopt;
     return ListItems::Positioned{p, m_context.store.items()[list][p]};
@@ -39,7 +39,8 @@ QList<ListItems::Positioned> RowActions::displayOrder() const
 
 double RowActions::rotationAngle(const QString &itemId) const
 {
-    return m_context.displayed.rotationAngle(QUuid::fromString(itemId));
+    const std::optional<QUuid> id = ScreenContext::parseId(itemId);
+    return id ? m_context.displayed.rotationAngle(*id) : 0.0;
 }
 
 void RowActions::turnDoneMarker(const QString &itemId)
@@ -113,29 +114,9 @@ void RowActions::deleteDisplayedRows(const QList<int> &offsets)
 
 void RowActions::moveDisplayedRow(int from, int destination)
 {
-    if (!m_lists.isValidSelection())
-        return;
-    const qint64 list = m_lists.selectedListIndex();
-    const QList<ListItems::Positioned> rows = displayOrder();
-    const int n = int(rows.size());
-    if (from < 0 || from >= n || destination < 0 || destination > n)
-        return;
-    if (destination == from || destination == from + 1)
-        return; // dropped where it was
-    // The store moves by stored position and keeps pinned items at the head,
-    // where the rows show them. A list that is not in that order (an undo
-    // may put an item back inside the other block) is first stored in the
-    // order shown, which the user cannot tell apart, so the drop lands
-    // where it was aimed.
-    bool inDisplayOrder = true;
-    for (int k = 0; k < n && inDisplayOrder; ++k)
-        inDisplayOrder = rows[k].position == k;
-    if (!inDisplayOrder) {
-        ItemList shown;
-        shown.reserve(n);
-        for (const ListItems::Positioned &row : rows)
-            shown.append(row.item);
-        m_context.store.replaceList(list, shown);
-    }
-    m_context.store.moveItems({from}, destination, list);
+    // The displayed positions go to the store's move as they are, which
+    // saves even when the row lands where it was. Pinned items come first
+    // in both orders, so they agree unless an undo put an item back inside
+    // the other block.
+    m_context.store.moveItems({from}, destination, m_lists.selectedListIndex());
 }

@@ -36,7 +36,8 @@ public slots:
     void deleteItem(const QString &itemId);
     // The list's delete gesture: displayed row offsets, walked ascending.
     void deleteDisplayedRows(const QList<int> &offsets);
-    // Drag and drop: a displayed row dropped before displayed gap `destination`.
+    // Drag and drop: a displayed row dropped before displayed gap `destination`,
+    // handed to the store's move as stored positions.
     void moveDisplayedRow(int from, int destination);
 
 private:

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QUuid>
+#include <optional>
 
 class DisplayedItemsModel;
 class Haptics;
@@ -17,9 +18,20 @@ struct ScreenContext
     DisplayedItemsModel &displayed;
     Haptics &haptics;
 
-    // Item ids cross to QML as their upper-case text; a null id as "".
-    static QString idText(const QUuid &id)
+    // Item ids cross to QML as their upper-case text and "" stands for no
+    // item. The all-zero id is an id like any other: stored lists may hold it.
+    static QString idText(const QUuid &id) { return id.toString(QUuid::WithoutBraces).toUpper(); }
+    static QString idText(const std::optional<QUuid> &id) { return id ? idText(*id) : QString(); }
+    // The id a text names, in either letter case and with or without
+    // braces; none for anything else.
+    static std::optional<QUuid> parseId(const QString &text)
     {
-        return id.isNull() ? QString() : id.toString(QUuid::WithoutBraces).toUpper();
+        const QUuid id = QUuid::fromString(text);
+        if (!id.isNull())
+            return id;
+        static const QString zero = QUuid().toString(QUuid::WithoutBraces);
+        if (text == zero || text == u'{' + zero + u'}')
+            return id;
+        return std::nullopt;
     }
 };

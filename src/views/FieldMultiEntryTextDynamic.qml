@@ -10,6 +10,8 @@ Flickable {
 
     property string text
     readonly property alias entryActiveFocus: area.activeFocus
+    // Why the entry last gained or lost the focus (a Qt.FocusReason).
+    readonly property alias entryFocusReason: area.focusReason
     readonly property alias textArea: area
 
     signal edited(string text)

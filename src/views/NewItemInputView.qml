@@ -18,7 +18,8 @@ Item {
     property real bulletOffset
 
     signal newItemEdited(string text)
-    signal fieldFocusEdited(bool focused)
+    // `reason` is the Qt.FocusReason of the change.
+    signal fieldFocusEdited(bool focused, int reason)
     signal addOrUpdateAction
     signal undoAction
 
@@ -39,6 +40,19 @@ Item {
     Component.onCompleted: {
         if (newItemFieldIsFocused)
             field.focusEntry();
+    }
+
+    // A closing menu hands the focus back to the window as a whole; while
+    // the screen still wants the keyboard here, the entry takes it back.
+    Connections {
+        target: root.Window.window
+
+        function onActiveFocusItemChanged() {
+            const window = root.Window.window;
+            if (root.newItemFieldIsFocused && root.visible && window.active && !field.entryActiveFocus
+                    && (window.activeFocusItem === null || window.activeFocusItem === window.contentItem))
+                field.focusEntry();
+        }
     }
 
     Rectangle {
@@ -84,7 +98,7 @@ Item {
                 onEdited: text => root.newItemEdited(text)
                 onEntryActiveFocusChanged: {
                     if (entryActiveFocus !== root.newItemFieldIsFocused)
-                        root.fieldFocusEdited(entryActiveFocus);
+                        root.fieldFocusEdited(entryActiveFocus, entryFocusReason);
                 }
                 onSubmitRequested: root.addOrUpdateAction()
             }

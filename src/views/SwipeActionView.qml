@@ -17,7 +17,8 @@ Item {
     property string symbol
     property string title
 
-    readonly property real buttonWidth: 74
+    // Width of the button once the row rests open.
+    property real buttonWidth: 74
     readonly property real centreFromEdge: revealed < buttonWidth ? revealed / 2 : revealed - buttonWidth / 2
 
     visible: revealed > 0

@@ -257,6 +257,12 @@ private slots:
             f.store->moveList(bad, 0);
             QVERIFY(f.store->partition(bad).pinned.isEmpty());
         }
+        // Positions outside the list do nothing, in release and debug builds
+        // alike; one bad position spoils the whole deletion.
+        for (const QList<qsizetype> &bad : {QList<qsizetype>{2}, {-1}, {0, 2}, {1, -5}, {qsizetype(1) << 40}})
+            f.store->deleteItems(bad, 0);
+        for (qsizetype bad : {qsizetype(-1), qsizetype(3), qsizetype(-1) << 40})
+            f.store->insertItem(ListItem::create(QStringLiteral("x")), bad, 0);
         QCOMPARE(f.prefs.writeCount(), 0);
         QCOMPARE(changed.count(), 0);
         QCOMPARE(notation(f.list()), QStringLiteral("a b"));

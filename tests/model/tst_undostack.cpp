@@ -78,11 +78,15 @@ private slots:
 
         // Entries with positions beyond what exists, or negative, are dropped too.
         stack.push(DeleteItem{2, 99, item("x")});
+        stack.push(DeleteItem{2, -1, item("x")});
+        stack.push(DeleteItem{-2, 0, item("x")});
         stack.push(DeleteList{50, QStringLiteral("far"), {}});
+        stack.push(DeleteList{-1, QStringLiteral("before"), {}});
         stack.push(SortList{-1, {}});
         stack.push(MarkAll{40, {}});
-        // The fifth undo finds the stack empty.
-        for (int i = 0; i < 5; ++i)
+        stack.push(MarkAll{-3, {}});
+        // The ninth undo finds the stack empty.
+        for (int i = 0; i < 9; ++i)
             QVERIFY(!stack.undo(*store).applied);
         QCOMPARE(prefs->writeCount(), 0);
         QCOMPARE(store->listNames().size(), 10);

@@ -8,6 +8,9 @@
 #include "screen/ScreenState.h"
 
 #include <QQmlEngine>
+#include <QTest>
+#include <QWindow>
+#include <memory>
 #include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
@@ -57,6 +60,20 @@ public:
         return screen;
     }
 
+    // Shows another window of the app and moves the activation to it, as
+    // a switch of windows does; false if the display would not.
+    Q_INVOKABLE bool activateOtherWindow()
+    {
+        m_otherWindow = std::make_unique<QWindow>();
+        m_otherWindow->resize(100, 100);
+        m_otherWindow->show();
+        if (!QTest::qWaitForWindowExposed(m_otherWindow.get()))
+            return false;
+        m_otherWindow->requestActivate();
+        return QTest::qWaitForWindowActive(m_otherWindow.get());
+    }
+    Q_INVOKABLE void closeOtherWindow() { m_otherWindow.reset(); }
+
 public slots:
     void qmlEngineAvailable(QQmlEngine *engine)
     {
@@ -67,6 +84,7 @@ public slots:
 private:
     RecordingShareSheet m_shareSheet;
     CountingReviewOpener m_reviewOpener;
+    std::unique_ptr<QWindow> m_otherWindow;
 };
 
 QUICK_TEST_MAIN_WITH_SETUP(screen_quick, ScreenQuickSetup)

@@ -33,6 +33,7 @@ struct Fixture
         QObject::connect(model.get(), &M::rowsRemoved, [=](const Index &, int a, int b) { note("remove", a, "-", b); });
         QObject::connect(model.get(), &M::rowsMoved, [=](const Index &, int a, int, const Index &, int to) { note("move", a, ">", to); });
         QObject::connect(model.get(), &M::modelReset, [this] { log << "reset"; });
+        QObject::connect(model.get(), &M::layoutChanged, [this] { log << "layout"; });
         QObject::connect(model.get(), &DisplayedItemsModel::countChanged, [this] { log << "count"; });
     }
     QUuid id(int stored) const { return store->items()[0][stored].id; }
@@ -128,13 +129,42 @@ private slots:
         // Another list's changes are not this list's.
         f.store->addItem(ListItem::create("y"), 1);
         QCOMPARE(f.take(), QStringList());
-        // A sort and a switch of lists start afresh.
+        // A sort and its undo move the rows that left their order, fewest first.
+        const ItemList unsorted = f.store->items()[0];
         f.store->sortItems(0, false, true);
-        QCOMPARE(f.take(), QStringList{"reset"});
+        QCOMPARE(f.take().filter(QStringLiteral("move")).size(), 3);
         QCOMPARE(f.shown(), (QStringList{"e", "d", "c", "b", "A"}));
+        f.store->replaceList(0, unsorted);
+        QCOMPARE(f.take().filter(QStringLiteral("move")).size(), 3);
+        QCOMPARE(f.shown(), (QStringList{"d", "e", "A", "b", "c"}));
+        // A switch of lists starts afresh.
         f.model->setListIndex(1);
         QCOMPARE(f.take(), (QStringList{"reset", "count"}));
         QCOMPARE(f.shown(), (QStringList{"x", "y"}));
+    }
+
+    // Too many rows move to follow each: one layout change, with every
+    // held index following its item; a list that changed otherwise resets.
+    void longSortsAreOneLayoutChange()
+    {
+        QStringList texts;
+        for (int i = 0; i < 1000; ++i)
+            texts << QStringLiteral("%1").arg(i, 4, 10, QLatin1Char('0'));
+        Fixture f(texts);
+        const QPersistentModelIndex held = f.model->index(10);
+        f.store->sortItems(0, false, true);
+        QCOMPARE(f.take(), QStringList{"layout"});
+        QCOMPARE(f.shown().first(), QStringLiteral("0999"));
+        QCOMPARE(held.row(), 989);
+        QCOMPARE(held.data(DisplayedItemsModel::TextRole).toString(), QStringLiteral("0010"));
+        QCOMPARE(held.data(DisplayedItemsModel::PositionRole).toLongLong(), 989);
+
+        ItemList other = f.store->items()[0];
+        std::reverse(other.begin(), other.end());
+        other.removeLast();
+        other.prepend(ListItem::create(QStringLiteral("new")));
+        f.store->replaceList(0, other);
+        QCOMPARE(f.take(), QStringList{"reset"});
     }
 
     void heldUpdatesFollowTheListThatMoved()

@@ -57,9 +57,19 @@ private slots:
         QCOMPARE(s.stored(), QStringList{"Oat milk"});
         QCOMPARE(s.input().editingItemId(), QString());
 
-        // Losing the focus ends editing too, so the next submit adds.
+        // The window going to the background or a menu taking the keys
+        // keeps the edit; the user leaving the field ends it, so the next
+        // submit adds.
         s.rows().edit(milk);
-        s.input().setNewItemFieldIsFocused(false);
+        s.input().setNewItem(QStringLiteral("Milk dr"));
+        for (Qt::FocusReason kept : {Qt::ActiveWindowFocusReason, Qt::PopupFocusReason, Qt::MenuBarFocusReason}) {
+            s.input().fieldFocusChanged(false, kept);
+            QVERIFY(s.input().newItemFieldIsFocused());
+            QCOMPARE(s.input().editingItemId(), milk);
+            QCOMPARE(s.input().newItem(), QStringLiteral("Milk dr"));
+        }
+        s.input().fieldFocusChanged(false, Qt::MouseFocusReason);
+        QVERIFY(!s.input().newItemFieldIsFocused());
         QCOMPARE(s.input().editingItemId(), QString());
         QCOMPARE(s.input().newItem(), QString());
         s.add("Eggs");

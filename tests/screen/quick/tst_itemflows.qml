@@ -1,6 +1,7 @@
 import QtQuick
 import QtTest
 import Murvane
+import MurvaneTest
 
 Item {
     id: root
@@ -104,7 +105,7 @@ Item {
             swipeRow(2, true, data.touch);
             expectRows("*C,A,B");
             const pinned = row(0);
-            tryCompare(pinned.swipe, "position", 0);
+            tryCompare(pinned, "swipeOffset", 0);
             const mark = Array.from(pinned.content.children).find(child => child.name === "pin.fill");
             verify(mark.visible && mark.x + mark.width <= pinned.content.marker.x);
             swipeRow(1, false, data.touch);
@@ -119,14 +120,100 @@ Item {
             expectRows("*B,A,C");
         }
 
+        // A short swipe leaves its button open for a tap; a tap elsewhere
+        // only closes the open row.
+        function test_swipeOpensAButton_data() {
+            return pointers;
+        }
+        function test_swipeOpensAButton(data) {
+            makeScreen(["Home"], [["A", "B", "C"]]);
+            const y = row(0).height / 2;
+            const open = (index, leading) => {
+                const r = row(index);
+                const from = leading ? 30 : r.width - 30;
+                stroke(r, Qt.point(from, y), Qt.point(leading ? from + 100 : from - 100, y), data.touch);
+                tryCompare(r, "swipeOffset", leading ? SwipeGesture.buttonWidth : -SwipeGesture.buttonWidth);
+                return r;
+            };
+            const b = open(1, false);
+            wait(300);
+            compare(b.swipeOffset, -SwipeGesture.buttonWidth);
+            tap(row(0).content.textBox, data.touch);
+            tryCompare(b, "swipeOffset", 0);
+            compare(screen.inputBar.editingItemId, "");
+            expectRows("A,B,C");
+
+            const c = open(2, true);
+            const onPin = c.mapToItem(view, SwipeGesture.buttonWidth / 2, y);
+            stroke(view, onPin, onPin, data.touch);
+            expectRows("*C,A,B");
+            tryCompare(c, "swipeOffset", 0);
+            // A tap outside the list closes the row too, and still lands.
+            open(1, false);
+            tap(layers.inputBar.entry, data.touch);
+            tryCompare(row(1), "swipeOffset", 0);
+            tryVerify(() => layers.inputBar.entry.entryActiveFocus);
+            const a = open(1, false);
+            const onDelete = a.mapToItem(view, a.width - SwipeGesture.buttonWidth / 2, y);
+            stroke(view, onDelete, onDelete, data.touch);
+            expectRows("*C,B");
+        }
+
+        // A typed draft, and an edit under way, outlast the window going to
+        // the background and the menu opening and closing.
+        function test_draftOutlastsWindowAndMenu() {
+            makeScreen(["Home"], [["Tea"]]);
+            const bar = layers.inputBar;
+            tap(row(0).content.textBox);
+            tryVerify(() => bar.entry.entryActiveFocus);
+            typeText(" green");
+            verify(TestStore.activateOtherWindow());
+            tryVerify(() => !view.Window.active && !bar.entry.entryActiveFocus);
+            TestStore.closeOtherWindow();
+            view.Window.window.requestActivate();
+            tryVerify(() => view.Window.active && bar.entry.entryActiveFocus);
+
+            const toolbar = layers.toolbar;
+            mouseClick(toolbar.menuButton);
+            tryCompare(toolbar.menu, "opened", true);
+            verify(!bar.entry.entryActiveFocus);
+            keyClick(Qt.Key_Escape);
+            tryCompare(toolbar.menu, "visible", false);
+            tryVerify(() => bar.entry.entryActiveFocus);
+            compare(bar.entry.textArea.text, "Tea green");
+            compare(bar.submitButton.text, "Update");
+            typeText(" tea");
+            mouseClick(bar.submitButton);
+            expectRows("Tea green tea");
+        }
+
+        // Ten thousand rows sort, and sort back, where the list stands.
+        function test_longSortKeepsScrollPosition() {
+            const texts = Array.from({ length: 10000 }, (_, i) => "Item " + String(9999 - i).padStart(5, "0"));
+            makeScreen(["Home"], [texts]);
+            const list = layers.itemList;
+            list.positionViewAtIndex(5000, ListView.Beginning);
+            const top = list.contentY;
+            verify(top > 1000);
+            mouseClick(findChild(view, "sortTextButton"));
+            tryVerify(() => row(5000) && row(5000).itemText === "Item 05000");
+            compare(list.contentY, top);
+            mouseClick(layers.inputBar.undoButton);
+            tryVerify(() => row(5000) && row(5000).itemText === "Item 04999");
+            compare(list.contentY, top);
+        }
+
         function test_sortAndResetDotsThenUndo() {
             makeScreen(["Home"], [["+b", "c", "+a", "d"]]);
             // A tap between a short text and the marker does nothing.
             tap(row(0));
             compare(screen.inputBar.editingItemId, "");
             expectRows("+b,c,+a,d");
+            // Rows move to their places: each keeps its item.
+            const c = row(1);
             mouseClick(findChild(view, "sortTextButton"));
             expectRows("+a,+b,c,d");
+            verify(row(2) === c);
             mouseClick(findChild(view, "sortStatusButton"));
             expectRows("c,d,+a,+b");
             chooseMenuEntry(2);
