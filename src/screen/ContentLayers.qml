@@ -140,6 +140,7 @@ Item {
                 GlobeView {
                     objectName: "globe"
                     anchors.fill: parent
+                    Accessible.ignored: true
                     dotColor: Appearance.theme.ballButton
                 }
 

@@ -59,7 +59,10 @@ Item {
         objectName: "tutorialSheet"
         width: root.width
         height: root.height
-        closePolicy: Popup.NoAutoClose
+        // Only "Done" and Escape close it.
+        closePolicy: Popup.CloseOnEscape
+        focus: true
+        accessibleName: TutorialContent.navigationTitle
         visible: root.screen.showTutorial
         onClosed: root.screen.showTutorial = false
 
@@ -68,9 +71,22 @@ Item {
         }
     }
 
-    // Ctrl+Z outside the text fields (they keep their own undo).
-    Shortcut {
-        sequence: "Ctrl+Z"
-        onActivated: root.screen.sortAndUndo.undo()
+    // The window-wide keys. A shortcut gives way to a focused text field
+    // that takes the key itself (Ctrl+Z there undoes typing).
+    Instantiator {
+        model: root.screen.keys.windowKeys
+
+        delegate: Shortcut {
+            required property var modelData
+
+            sequence: modelData.sequence
+            onActivated: {
+                if (root.screen.keys.perform(modelData.command))
+                    return;
+                const bar = root.layers ? (root.layers as ContentLayers).navigationBar : null;
+                if (modelData.command === KeyCommands.RenameList && bar)
+                    bar.titleEditor.forceActiveFocus(Qt.ShortcutFocusReason);
+            }
+        }
     }
 }

@@ -129,7 +129,9 @@ Item {
 
                     model: root.listNames
 
-                    AbstractButton {
+                    // A tab of the strip to screen readers; the screen, not
+                    // the button, keeps which one is selected.
+                    TabButton {
                         id: chip
 
                         required property int index
@@ -137,15 +139,29 @@ Item {
                         readonly property bool selected: index === root.selectedIndex
 
                         objectName: "chip_" + index
+                        checkable: false
+                        autoExclusive: false
+                        checked: selected
                         y: (chips.height - height) / 2
-                        focusPolicy: Qt.NoFocus
+                        focusPolicy: Qt.TabFocus
                         leftPadding: 14
                         rightPadding: 14
                         topPadding: 8
                         bottomPadding: 8
                         text: modelData
-                        Accessible.name: modelData
+                        Accessible.name: AccessibleText.listName(modelData)
+                        Accessible.selectable: true
+                        Accessible.selected: selected
+                        Accessible.onPressAction: chip.clicked()
                         onClicked: root.chipTapped(index)
+                        // A chip reached from the keyboard scrolls into view.
+                        onVisualFocusChanged: if (visualFocus) root.flickable.contentX = Math.max(0,
+                            Math.min(x + width / 2 - flick.width / 2, flick.contentWidth - flick.width))
+
+                        FocusRing {
+                            radius: height / 2
+                            shown: chip.visualFocus
+                        }
 
                         contentItem: Text {
                             text: chip.text

@@ -7,12 +7,15 @@ Popup {
     id: root
 
     property real gap: 0
+    // What screen readers call the sheet (Qt 6.4 names no popup itself).
+    property string accessibleName
     property int closeDuration: 250
     readonly property real shownY: parent ? parent.height - height - gap : 0
 
     y: shownY
     padding: 0
     modal: true
+    Component.onCompleted: contentItem.parent.Accessible.name = Qt.binding(() => root.accessibleName)
 
     enter: Transition {
         NumberAnimation {

@@ -15,6 +15,9 @@ Item {
     // not spin from the old item's angle to the new one's.
     property bool animatesTurns: true
 
+    // A screen reader's press or toggle on the done-marker.
+    signal markerActivated
+
     readonly property Item marker: markerBox
     readonly property Item textBox: textHighlight
     readonly property color foreground: Appearance.foreground
@@ -74,6 +77,12 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         width: 44
         height: 44
+        Accessible.role: Accessible.CheckBox
+        Accessible.name: "Done"
+        Accessible.checkable: true
+        Accessible.checked: root.isDone
+        Accessible.onPressAction: root.markerActivated()
+        Accessible.onToggleAction: root.markerActivated()
 
         SymbolIcon {
             objectName: "doneMarker"

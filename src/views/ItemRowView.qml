@@ -39,6 +39,8 @@ SwipeDelegate {
     topPadding: 1
     bottomPadding: 1
     Accessible.name: itemText
+    Accessible.description: AccessibleText.rowState(isDone, isPinned)
+    Accessible.onPressAction: row.editingAction()
 
     background: Item {}
 
@@ -48,6 +50,25 @@ SwipeDelegate {
         isPinned: row.isPinned
         rotationAngle: row.rotationAngle
         animatesTurns: row.animatesTurns
+        onMarkerActivated: {
+            row.tapDone();
+            row.toggleState();
+        }
+    }
+
+    // The swipe actions, for screen readers, which cannot swipe: two
+    // buttons over the row that draw nothing.
+    Item {
+        anchors.fill: parent
+        Accessible.role: Accessible.Button
+        Accessible.name: AccessibleText.pinAction(row.isPinned)
+        Accessible.onPressAction: row.pinAction()
+    }
+    Item {
+        anchors.fill: parent
+        Accessible.role: Accessible.Button
+        Accessible.name: "Delete"
+        Accessible.onPressAction: row.deleteAction()
     }
 
     // Taps are told apart by where the press was, so the row itself keeps

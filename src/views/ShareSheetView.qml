@@ -26,6 +26,9 @@ BottomSheet {
     closeDuration: 200
     dim: true
     closePolicy: Popup.CloseOnEscape | Popup.CloseOnPressOutside
+    accessibleName: "Share List"
+    // Takes the keyboard while up: Tab walks its buttons, Escape closes it.
+    focus: true
     visible: sheet !== null && sheet.isPresented
     // However it closes, the sheet is no longer presented.
     onClosed: if (sheet !== null && sheet.isPresented) sheet.dismiss()
@@ -71,6 +74,8 @@ BottomSheet {
                         textFormat: Text.PlainText
                         wrapMode: Text.Wrap
                         color: root.textColor
+                        Accessible.role: Accessible.StaticText
+                        Accessible.name: text
                         font.pixelSize: 15
                     }
                 }
@@ -88,8 +93,9 @@ BottomSheet {
                     Layout.fillWidth: true
                     Layout.preferredHeight: 56
                     text: "Copy"
-                    focusPolicy: Qt.NoFocus
+                    focusPolicy: Qt.TabFocus
                     Accessible.name: text
+                    Accessible.onPressAction: root.sheet.copyText()
                     onClicked: root.sheet.copyText()
                     contentItem: Text {
                         text: copy.text
@@ -100,6 +106,10 @@ BottomSheet {
                     }
                     background: Rectangle {
                         color: copy.down ? SystemColors.pressed : "transparent"
+                        FocusRing {
+                            anchors.margins: 2
+                            shown: copy.visualFocus
+                        }
                     }
                 }
 
@@ -116,8 +126,9 @@ BottomSheet {
                     Layout.fillWidth: true
                     Layout.preferredHeight: 56
                     text: "Email"
-                    focusPolicy: Qt.NoFocus
+                    focusPolicy: Qt.TabFocus
                     Accessible.name: text
+                    Accessible.onPressAction: root.sheet.emailText()
                     onClicked: root.sheet.emailText()
                     contentItem: Text {
                         text: email.text
@@ -135,6 +146,10 @@ BottomSheet {
                             height: parent.radius
                             color: parent.color
                         }
+                        FocusRing {
+                            anchors.margins: 2
+                            shown: email.visualFocus
+                        }
                     }
                 }
             }
@@ -147,8 +162,9 @@ BottomSheet {
             Layout.fillWidth: true
             Layout.preferredHeight: 56
             text: "Cancel"
-            focusPolicy: Qt.NoFocus
+            focusPolicy: Qt.TabFocus
             Accessible.name: text
+            Accessible.onPressAction: root.sheet.dismiss()
             onClicked: root.sheet.dismiss()
             contentItem: Text {
                 text: cancel.text
@@ -161,6 +177,10 @@ BottomSheet {
             background: Rectangle {
                 radius: 14
                 color: cancel.down ? SystemColors.sheetButtonPressed : root.cardColor
+                FocusRing {
+                    anchors.margins: 2
+                    shown: cancel.visualFocus
+                }
             }
         }
     }
