@@ -20,6 +20,7 @@
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QImage>
+#include <QKeyEvent>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -108,8 +109,19 @@ public:
     void openWriteReviewPage() override {}
 };
 
+// Presses keys in the window, as a keyboard would.
+void press(QQuickView &view, const QList<int> &keys)
+{
+    for (const int key : keys) {
+        QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier);
+        QKeyEvent up(QEvent::KeyRelease, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(&view, &down);
+        QCoreApplication::sendEvent(&view, &up);
+    }
+}
+
 bool shoot(QQmlEngine &engine, ScreenState &screen, const QSize &size, const QString &path, bool withMenu = false,
-           StoreStatus *notice = nullptr)
+           StoreStatus *notice = nullptr, const QList<int> &keys = {})
 {
     QQuickView view(&engine, nullptr);
     view.setInitialProperties({{QStringLiteral("screen"), QVariant::fromValue(&screen)}});
@@ -127,9 +139,16 @@ bool shoot(QQmlEngine &engine, ScreenState &screen, const QSize &size, const QSt
             item->setParentItem(view.rootObject());
     }
     view.show();
+    // Only the active window has a focused item.
+    if (!keys.isEmpty())
+        view.requestActivate();
     settle(view);
     if (withMenu) {
         openMenus(view.rootObject());
+        settle(view);
+    }
+    if (!keys.isEmpty()) {
+        press(view, keys);
         settle(view);
     }
     const QImage image = view.grabWindow();
@@ -180,12 +199,17 @@ int main(int argc, char *argv[])
         bool withMenu = false;
         qint64 selected = 1;
         int notice = 0; // 1: data recovered, 2: saving fails
+        QList<int> keys = {}; // pressed before the grab
     };
     QList<Shot> shots;
     for (const char *theme : {"green", "pink", "blue", "gray", "purple", "classic"})
         for (const char *scheme : {"light", "dark"})
             shots.append({QString::fromLatin1(theme), QString::fromLatin1(scheme), QSize(390, 844), QString()});
     shots.append({QStringLiteral("green"), QStringLiteral("light"), QSize(1024, 1366), QStringLiteral("tablet-")});
+    // The keyboard on the third row, its focus ring showing: Tab past the
+    // bar's four buttons, the title and the seven chips.
+    shots.append({QStringLiteral("blue"), QStringLiteral("light"), QSize(390, 844), QStringLiteral("focus-"), false, 1, 0,
+                  QList<int>(13, Qt::Key_Tab) << Qt::Key_Down << Qt::Key_Down});
     if (more) {
         shots.append({QStringLiteral("blue"), QStringLiteral("light"), QSize(360, 640), QStringLiteral("small-")});
         shots.append({QStringLiteral("green"), QStringLiteral("light"), QSize(320, 560), QStringLiteral("smallest-")});
@@ -211,7 +235,8 @@ int main(int argc, char *argv[])
         // A fresh screen each time, as at start: it reads the selection.
         ScreenState screen(preferences, haptics, {appearance, shareSheet, reviewPage});
         const QString path = out.filePath(shot.prefix + shot.theme + QLatin1Char('-') + shot.scheme + QStringLiteral(".png"));
-        if (shoot(engine, screen, shot.size, path, shot.withMenu, shot.notice ? &preferences.status() : nullptr)) {
+        if (shoot(engine, screen, shot.size, path, shot.withMenu, shot.notice ? &preferences.status() : nullptr,
+                  shot.keys)) {
             QTextStream(stdout) << path << "\n";
         } else {
             err << "failed: " << path << "\n";
