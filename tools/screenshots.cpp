@@ -27,6 +27,7 @@
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QImage>
+#include <QKeyEvent>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -168,8 +169,19 @@ public:
     void openWriteReviewPage() override {}
 };
 
+// Presses keys in the window, as a keyboard would.
+void press(QQuickView &view, const QList<int> &keys)
+{
+    for (const int key : keys) {
+        QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier);
+        QKeyEvent up(QEvent::KeyRelease, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(&view, &down);
+        QCoreApplication::sendEvent(&view, &up);
+    }
+}
+
 bool shoot(QQmlEngine &engine, ScreenState &screen, const QSize &size, const QString &path, Scene scene,
-           StoreStatus *notice = nullptr)
+           StoreStatus *notice = nullptr, const QList<int> &keys = {})
 {
     QQuickView view(&engine, nullptr);
     view.setInitialProperties({{QStringLiteral("screen"), QVariant::fromValue(&screen)}});
@@ -191,6 +203,10 @@ bool shoot(QQmlEngine &engine, ScreenState &screen, const QSize &size, const QSt
     settle(view);
     if (scene != Scene::Plain) {
         enter(scene, view, screen);
+        settle(view);
+    }
+    if (!keys.isEmpty()) {
+        press(view, keys);
         settle(view);
     }
     const QImage image = view.grabWindow();
@@ -242,6 +258,7 @@ int main(int argc, char *argv[])
         Scene scene = Scene::Plain;
         qint64 selected = 1;
         int notice = 0; // 1: data recovered, 2: saving fails
+        QList<int> keys = {}; // pressed before the grab
     };
     QList<Shot> shots;
     for (const char *theme : {"green", "pink", "blue", "gray", "purple", "classic"})
@@ -258,6 +275,10 @@ int main(int argc, char *argv[])
     shots.append({QStringLiteral("gray"), QStringLiteral("dark"), phone, QStringLiteral("tutorial-"), Scene::Tutorial});
     shots.append({QStringLiteral("classic"), QStringLiteral("light"), phone, QStringLiteral("title-"), Scene::TitleEditing});
     shots.append({QStringLiteral("blue"), QStringLiteral("dark"), phone, QStringLiteral("update-"), Scene::Update});
+    // The keyboard on the third row, its focus ring showing: Tab past the
+    // bar's four buttons, the title and the seven chips.
+    shots.append({QStringLiteral("blue"), QStringLiteral("light"), phone, QStringLiteral("focus-"), Scene::Plain, 1, 0,
+                  QList<int>(13, Qt::Key_Tab) << Qt::Key_Down << Qt::Key_Down});
     if (more) {
         shots.append({QStringLiteral("blue"), QStringLiteral("light"), QSize(360, 640), QStringLiteral("small-")});
         shots.append({QStringLiteral("green"), QStringLiteral("light"), QSize(320, 560), QStringLiteral("smallest-")});
@@ -281,7 +302,8 @@ int main(int argc, char *argv[])
         // A fresh screen each time, as at start: it reads the selection.
         ScreenState screen(preferences, haptics, {appearance, shareSheet, reviewPage});
         const QString path = out.filePath(shot.prefix + shot.theme + QLatin1Char('-') + shot.scheme + QStringLiteral(".png"));
-        if (shoot(engine, screen, shot.size, path, shot.scene, shot.notice ? &preferences.status() : nullptr)) {
+        if (shoot(engine, screen, shot.size, path, shot.scene, shot.notice ? &preferences.status() : nullptr,
+                  shot.keys)) {
             QTextStream(stdout) << path << "\n";
         } else {
             err << "failed: " << path << "\n";

@@ -21,6 +21,19 @@ Item {
     readonly property real lineSpacing: 4
 
     anchors.fill: parent
+    // The page takes the keyboard when shown: the arrows scroll it by a
+    // line, Page Up and Page Down by a screen.
+    focus: true
+    Keys.onPressed: event => {
+        const line = 40;
+        const step = { [Qt.Key_Up]: -line, [Qt.Key_Down]: line,
+                       [Qt.Key_PageUp]: -page.height, [Qt.Key_PageDown]: page.height }[event.key];
+        if (step === undefined)
+            return;
+        const bottom = Math.max(0, page.contentHeight - page.height);
+        page.contentY = Math.max(0, Math.min(bottom, page.contentY + step));
+        event.accepted = true;
+    }
 
     Rectangle {
         anchors.fill: parent
@@ -58,6 +71,8 @@ Item {
 
             Text {
                 objectName: "tutorialTitle"
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
                 width: column.width
                 topPadding: root.margin
                 text: TutorialContent.title
@@ -69,6 +84,8 @@ Item {
 
             Text {
                 objectName: "tutorialIntro"
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
                 width: column.width
                 text: TutorialContent.intro
                 wrapMode: Text.Wrap
@@ -111,6 +128,8 @@ Item {
 
                         Text {
                             objectName: "sectionHeading"
+                            Accessible.role: Accessible.StaticText
+                            Accessible.name: text
                             width: parent.width
                             text: section.modelData.heading
                             wrapMode: Text.Wrap
@@ -121,6 +140,8 @@ Item {
 
                         Text {
                             objectName: "sectionText"
+                            Accessible.role: Accessible.StaticText
+                            Accessible.name: text
                             width: parent.width
                             text: section.modelData.text
                             wrapMode: Text.Wrap
@@ -160,12 +181,22 @@ Item {
             anchors.verticalCenter: parent.verticalCenter
             height: parent.height
             text: TutorialContent.doneLabel
+            focusPolicy: Qt.TabFocus
+            Accessible.name: text
+            Accessible.onPressAction: done.clicked()
+            Keys.onReturnPressed: done.clicked()
+            Keys.onEnterPressed: done.clicked()
             contentItem: Text {
                 text: done.text
                 verticalAlignment: Text.AlignVCenter
                 color: root.accent
                 opacity: done.pressed ? 0.3 : 1
                 font.pixelSize: 17
+            }
+            background: Item {
+                FocusRing {
+                    shown: done.visualFocus
+                }
             }
             onClicked: root.done()
         }

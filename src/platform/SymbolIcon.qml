@@ -20,6 +20,9 @@ Item {
 
     implicitWidth: pointSize
     implicitHeight: pointSize
+    // A glyph of the icon font says nothing read aloud; the control that
+    // shows the icon carries the name.
+    Accessible.ignored: true
 
     Item {
         id: box

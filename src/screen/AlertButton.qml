@@ -9,8 +9,14 @@ AbstractButton {
     property bool bold: false
     property color textColor: SystemColors.blue
 
-    focusPolicy: Qt.NoFocus
+    focusPolicy: Qt.TabFocus
     Accessible.name: text
+    Accessible.onPressAction: root.clicked()
+    Keys.onReturnPressed: root.clicked()
+    Keys.onEnterPressed: root.clicked()
+    // The arrows go to the alert's button on that side, if there is one.
+    Keys.onLeftPressed: (nextItemInFocusChain(false) as AlertButton)?.forceActiveFocus(Qt.BacktabFocusReason)
+    Keys.onRightPressed: (nextItemInFocusChain(true) as AlertButton)?.forceActiveFocus(Qt.TabFocusReason)
 
     contentItem: Text {
         text: root.text
@@ -23,5 +29,10 @@ AbstractButton {
 
     background: Rectangle {
         color: root.down ? SystemColors.pressed : "transparent"
+
+        FocusRing {
+            anchors.margins: 2
+            shown: root.visualFocus
+        }
     }
 }

@@ -146,6 +146,7 @@ Item {
 
                     sourceComponent: GlobeView {
                         objectName: "globe"
+                        Accessible.ignored: true
                         dotColor: Appearance.theme.ballButton
                     }
                 }

@@ -62,7 +62,10 @@ Item {
 
         width: root.width
         height: root.height
-        closePolicy: Popup.NoAutoClose
+        // Only "Done" and Escape close it.
+        closePolicy: Popup.CloseOnEscape
+        focus: true
+        accessibleName: TutorialContent.navigationTitle
         visible: root.screen.showTutorial
         onAboutToShow: (contentItem as Loader).active = true
         onClosed: {
@@ -72,6 +75,8 @@ Item {
 
         contentItem: Loader {
             active: false
+            // The page takes the keys (arrows, Page Up/Down) once loaded.
+            focus: true
             onLoaded: (item as TutorialView).done.connect(tutorialSheet.close)
 
             sourceComponent: Component {
@@ -80,9 +85,22 @@ Item {
         }
     }
 
-    // Ctrl+Z outside the text fields (they keep their own undo).
-    Shortcut {
-        sequence: "Ctrl+Z"
-        onActivated: root.screen.sortAndUndo.undo()
+    // The window-wide keys. A shortcut gives way to a focused text field
+    // that takes the key itself (Ctrl+Z there undoes typing).
+    Instantiator {
+        model: root.screen.keys.windowKeys
+
+        delegate: Shortcut {
+            required property var modelData
+
+            sequence: modelData.sequence
+            onActivated: {
+                if (root.screen.keys.perform(modelData.command))
+                    return;
+                const bar = root.layers ? (root.layers as ContentLayers).navigationBar : null;
+                if (modelData.command === KeyCommands.RenameList && bar)
+                    bar.titleEditor.forceActiveFocus(Qt.ShortcutFocusReason);
+            }
+        }
     }
 }

@@ -13,6 +13,7 @@ Dialog {
     signal confirmed
 
     readonly property color separator: SystemColors.separator
+    readonly property string message: "Are you sure you want to delete this list?"
 
     anchors.centerIn: parent
     width: 270
@@ -21,6 +22,13 @@ Dialog {
     padding: 0
     topPadding: 0
     closePolicy: Popup.CloseOnEscape
+    // Not drawn (there is no header): the name screen readers hear.
+    title: "Confirm Deletion"
+    // The keyboard starts on "No": Enter answers it, Tab or an arrow
+    // reaches "Yes", Escape is "No" as well.
+    focus: true
+    // The title names it to screen readers; the message is read after it.
+    Component.onCompleted: contentItem.parent.Accessible.description = root.message
 
     T.Overlay.modal: Rectangle {
         color: Qt.rgba(0, 0, 0, 0.2)
@@ -82,7 +90,7 @@ Dialog {
             Layout.leftMargin: 16
             Layout.rightMargin: 16
             objectName: "alertMessage"
-            text: "Are you sure you want to delete this list?"
+            text: root.message
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
             color: Appearance.foreground
@@ -102,6 +110,7 @@ Dialog {
 
             AlertButton {
                 objectName: "noButton"
+                focus: true
                 Layout.fillWidth: true
                 Layout.fillHeight: true
                 text: "No"

@@ -85,6 +85,10 @@ ListView {
     }
 
     clip: true
+    // One stop on the Tab chain; the arrows move between the rows.
+    activeFocusOnTab: true
+    Accessible.role: Accessible.List
+    Accessible.name: "Items"
     model: screen.displayedItems
     boundsBehavior: Flickable.DragAndOvershootBounds
     // Rows are recycled while scrolling: making a row costs more than a frame.
@@ -261,6 +265,10 @@ ListView {
                 color: list.divider
                 opacity: list.dividerCoverage
             }
+            FocusRing {
+                anchors.margins: 2
+                shown: row.activeFocus
+            }
         }
 
         onTapDone: list.screen.rows.turnDoneMarker(itemId)
@@ -268,6 +276,11 @@ ListView {
         onEditingAction: list.screen.rows.edit(itemId)
         onPinAction: list.screen.rows.togglePin(itemId)
         onDeleteAction: list.screen.rows.deleteItem(itemId)
+
+        // The focused row's keys: Space, Enter, Delete, Ctrl+P.
+        Keys.onPressed: event => {
+            event.accepted = list.screen.keys.rowKey(event.key, event.modifiers, itemId);
+        }
 
         onPressAndHold: {
             list.beginDrag(index, height, pointer.point.scenePosition.y);

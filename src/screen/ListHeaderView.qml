@@ -238,7 +238,9 @@ Item {
                         store: root.store
                     }
 
-                    AbstractButton {
+                    // A tab of the strip to screen readers; the screen, not
+                    // the button, keeps which one is selected.
+                    TabButton {
                         id: chip
 
                         required property int index
@@ -246,20 +248,34 @@ Item {
                         readonly property bool selected: index === root.shownIndex
 
                         objectName: "chip_" + index
+                        checkable: false
+                        autoExclusive: false
+                        checked: selected
                         y: (chips.height - height) / 2
-                        focusPolicy: Qt.NoFocus
+                        focusPolicy: Qt.TabFocus
                         leftPadding: 14
                         rightPadding: 14
                         topPadding: 8
                         bottomPadding: 8
                         text: name
-                        Accessible.name: name
+                        Accessible.name: AccessibleText.listName(name)
+                        Accessible.selectable: true
+                        Accessible.selected: selected
+                        Accessible.onPressAction: chip.clicked()
                         onClicked: root.chipTapped(index)
                         onSelectedChanged: root.noteChip(chip)
                         Component.onCompleted: root.noteChip(chip)
                         Component.onDestruction: {
                             if (root.selectedChip === chip)
                                 root.selectedChip = null;
+                        }
+                        // A chip reached from the keyboard scrolls into view.
+                        onVisualFocusChanged: if (visualFocus) root.flickable.contentX = Math.max(0,
+                            Math.min(x + width / 2 - flick.width / 2, flick.contentWidth - flick.width))
+
+                        FocusRing {
+                            radius: height / 2
+                            shown: chip.visualFocus
                         }
 
                         contentItem: Text {

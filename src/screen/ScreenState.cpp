@@ -2,6 +2,7 @@
 
 #include "DisplayedItemsModel.h"
 #include "InputBar.h"
+#include "KeyCommands.h"
 #include "ListNavigation.h"
 #include "RowActions.h"
 #include "ScreenContext.h"
@@ -29,6 +30,7 @@ ScreenState::ScreenState(PreferencesStore &preferences, Haptics &haptics, const 
     m_lists = new ListNavigation(context, *m_sortAndUndo, this);
     m_input = new InputBar(context, *m_lists, this);
     m_rows = new RowActions(context, *m_lists, *m_sortAndUndo, *m_input, this);
+    m_keys = new KeyCommands(*this, this);
     // Choosing a list leaves the input field.
     connect(m_lists, &ListNavigation::listChosen, m_input, [this] { m_input->setNewItemFieldIsFocused(false); });
 

@@ -8,6 +8,7 @@ class Appearance;
 class DisplayedItemsModel;
 class Haptics;
 class InputBar;
+class KeyCommands;
 class KeyboardResponder;
 class ListItems;
 class ListNavigation;
@@ -34,6 +35,7 @@ class ScreenState : public QObject
     Q_PROPERTY(SortAndUndo *sortAndUndo READ sortAndUndo CONSTANT)
     Q_PROPERTY(RowActions *rows READ rows CONSTANT)
     Q_PROPERTY(KeyboardResponder *keyboardResponder READ keyboardResponder CONSTANT)
+    Q_PROPERTY(KeyCommands *keys READ keys CONSTANT)
     // Rows of the selected list in display order (pinned first).
     Q_PROPERTY(DisplayedItemsModel *displayedItems READ displayedItems CONSTANT)
     // Where share() sends the list's text; ShareSheetView shows it.
@@ -63,6 +65,7 @@ public:
     SortAndUndo *sortAndUndo() const { return m_sortAndUndo; }
     RowActions *rows() const { return m_rows; }
     KeyboardResponder *keyboardResponder() const { return m_keyboard; }
+    KeyCommands *keys() const { return m_keys; }
     DisplayedItemsModel *displayedItems() const { return m_displayed; }
     ShareSheet *shareSheet() const { return m_shareSheet; }
 
@@ -100,6 +103,7 @@ private:
     ListNavigation *m_lists;
     InputBar *m_input;
     RowActions *m_rows;
+    KeyCommands *m_keys;
     bool m_rotateMoon = false;
     bool m_showTutorial = false;
     QUuid m_themeRefreshId = QUuid::createUuid();

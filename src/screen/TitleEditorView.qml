@@ -27,7 +27,14 @@ TextField {
     selectedTextColor: Appearance.foreground
     font.pixelSize: pointSize
     font.weight: Font.DemiBold
-    background: Item {}
+    background: Item {
+        FocusRing {
+            shown: root.activeFocus && (root.focusReason === Qt.TabFocusReason
+                                        || root.focusReason === Qt.BacktabFocusReason
+                                        || root.focusReason === Qt.ShortcutFocusReason)
+        }
+    }
+    Accessible.name: placeholderText
 
     onTextEdited: {
         titleChange(text);

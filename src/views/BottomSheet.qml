@@ -7,6 +7,8 @@ Popup {
     id: root
 
     property real gap: 0
+    // What screen readers call the sheet (Qt 6.4 names no popup itself).
+    property string accessibleName
     property int closeDuration: 250
     readonly property real shownY: parent ? parent.height - height - gap : 0
     // How far below its place the sheet is drawn, while it slides.
@@ -18,7 +20,10 @@ Popup {
     property Translate sliding: Translate {
         y: root.slide
     }
-    Component.onCompleted: contentItem.parent.transform = [sliding] // qmllint disable property
+    Component.onCompleted: {
+        contentItem.parent.transform = [sliding]; // qmllint disable property
+        contentItem.parent.Accessible.name = Qt.binding(() => root.accessibleName);
+    }
 
     y: shownY
     padding: 0

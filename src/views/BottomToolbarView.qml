@@ -80,9 +80,10 @@ Item {
             objectName: "menuButton"
             width: cells.cellWidth
             height: cells.height
-            focusPolicy: Qt.NoFocus
+            focusPolicy: Qt.TabFocus
             text: "Menu"
             Accessible.name: text
+            Accessible.onPressAction: menuButton.clicked()
             opacity: down ? 0.3 : 1
             onClicked: {
                 menu.x = (width - menu.width) / 2;
@@ -94,14 +95,21 @@ Item {
                 StaticGlobeView {
                     anchors.centerIn: parent
                     isDark: Appearance.isDark
+                    Accessible.ignored: true
                 }
             }
-            background: Item {}
+            background: Item {
+                FocusRing {
+                    shown: menuButton.visualFocus
+                }
+            }
 
             ToolbarMenu {
                 id: menu
 
                 objectName: "toolbarMenu"
+                // Not drawn: the name screen readers hear.
+                title: "Menu"
 
                 ToolbarMenuItem {
                     objectName: "rateItem"
@@ -150,9 +158,10 @@ Item {
             objectName: "sortTextButton"
             width: cells.cellWidth
             height: cells.height
-            focusPolicy: Qt.NoFocus
+            focusPolicy: Qt.TabFocus
             text: "ABC"
             Accessible.name: "Sort by Text"
+            Accessible.onPressAction: abc.clicked()
             opacity: down ? 0.3 : 1
             onClicked: root.sortByText()
 
@@ -163,7 +172,11 @@ Item {
                 horizontalAlignment: Text.AlignHCenter
                 verticalAlignment: Text.AlignVCenter
             }
-            background: Item {}
+            background: Item {
+                FocusRing {
+                    shown: abc.visualFocus
+                }
+            }
         }
 
         SymbolButton {

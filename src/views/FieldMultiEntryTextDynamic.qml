@@ -12,6 +12,10 @@ Flickable {
     readonly property alias entryActiveFocus: area.activeFocus
     // Why the entry last gained or lost the focus (a Qt.FocusReason).
     readonly property alias entryFocusReason: area.focusReason
+    // Focus that came from the keyboard, which the focus ring shows.
+    readonly property bool entryKeyboardFocus: area.activeFocus && (area.focusReason === Qt.TabFocusReason
+                                                                    || area.focusReason === Qt.BacktabFocusReason
+                                                                    || area.focusReason === Qt.ShortcutFocusReason)
     readonly property alias textArea: area
 
     signal edited(string text)
@@ -70,6 +74,7 @@ Flickable {
         selectedTextColor: Appearance.foreground
         placeholderText: ""
         background: Item {}
+        Accessible.name: "New Item"
 
         onTextChanged: {
             // A text set from outside (an item taken up for editing) puts
@@ -87,6 +92,12 @@ Flickable {
                     && (event.modifiers & Qt.ControlModifier)) {
                 event.accepted = true;
                 root.submitRequested();
+            } else if (event.key === Qt.Key_Tab || event.key === Qt.Key_Backtab) {
+                // Tab leaves the entry, as it leaves every other control:
+                // an item has no use for tab characters.
+                event.accepted = true;
+                const forward = event.key === Qt.Key_Tab && !(event.modifiers & Qt.ShiftModifier);
+                nextItemInFocusChain(forward)?.forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason);
             }
         }
     }

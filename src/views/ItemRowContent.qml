@@ -30,6 +30,9 @@ Item {
         }
     }
 
+    // A screen reader's press or toggle on the done-marker.
+    signal markerActivated
+
     readonly property Item marker: markerBox
     readonly property Item textBox: textHighlight
     readonly property color foreground: Appearance.foreground
@@ -108,6 +111,12 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         width: 44
         height: 44
+        Accessible.role: Accessible.CheckBox
+        Accessible.name: "Done"
+        Accessible.checkable: true
+        Accessible.checked: root.isDone
+        Accessible.onPressAction: root.markerActivated()
+        Accessible.onToggleAction: root.markerActivated()
 
         readonly property color doneColor: Appearance.pick(Appearance.theme.completeFillDark,
                                                            Appearance.theme.completeFillLight)

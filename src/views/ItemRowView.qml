@@ -128,7 +128,10 @@ Item {
 
     implicitWidth: face.implicitWidth
     implicitHeight: face.implicitHeight
+    Accessible.role: Accessible.ListItem
     Accessible.name: itemText
+    Accessible.description: AccessibleText.rowState(isDone, isPinned)
+    Accessible.onPressAction: row.editingAction()
 
     // The buttons exist only while uncovered, so a resting row stays light.
     Loader {
@@ -183,6 +186,8 @@ Item {
 
         x: row.swipeOffset
         width: row.width
+        // The row speaks for its face.
+        Accessible.ignored: true
         height: row.height
         hoverEnabled: false
         focusPolicy: Qt.NoFocus
@@ -200,7 +205,26 @@ Item {
             rotationAngle: row.rotationAngle
             animatesTurns: row.animatesTurns
             animatesStates: row.animatesStates
+            onMarkerActivated: {
+                row.tapDone();
+                row.toggleState();
+            }
         }
+    }
+
+    // The swipe actions, for screen readers, which cannot swipe: two
+    // buttons over the row that draw nothing.
+    Item {
+        anchors.fill: parent
+        Accessible.role: Accessible.Button
+        Accessible.name: AccessibleText.pinAction(row.isPinned)
+        Accessible.onPressAction: row.pinAction()
+    }
+    Item {
+        anchors.fill: parent
+        Accessible.role: Accessible.Button
+        Accessible.name: "Delete"
+        Accessible.onPressAction: row.deleteAction()
     }
 
     NumberAnimation {

@@ -107,6 +107,7 @@ Item {
                 id: bulletShape
 
                 objectName: "bullet"
+                Accessible.ignored: true
                 width: 15
                 height: 15
                 radius: 7.5
@@ -136,6 +137,11 @@ Item {
                 color: "transparent"
                 border.width: 0.7
                 border.color: root.outline
+
+                FocusRing {
+                    radius: 31
+                    shown: field.entryKeyboardFocus
+                }
             }
         }
 
@@ -145,9 +151,11 @@ Item {
             objectName: "submitButton"
             Layout.rightMargin: 10
             Layout.preferredHeight: 44
-            focusPolicy: Qt.NoFocus
+            focusPolicy: Qt.TabFocus
             text: root.editingItemId !== "" ? "Update" : "Add"
             opacity: down ? 0.3 : 1
+            Accessible.name: text
+            Accessible.onPressAction: submit.clicked()
             onClicked: root.addOrUpdateAction()
 
             contentItem: Text {
@@ -156,7 +164,11 @@ Item {
                 font.pixelSize: 18
                 verticalAlignment: Text.AlignVCenter
             }
-            background: Item {}
+            background: Item {
+                FocusRing {
+                    shown: submit.visualFocus
+                }
+            }
         }
     }
 

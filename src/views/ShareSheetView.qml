@@ -25,6 +25,9 @@ BottomSheet {
     closeDuration: 200
     dim: true
     closePolicy: Popup.CloseOnEscape | Popup.CloseOnPressOutside
+    accessibleName: "Share List"
+    // Takes the keyboard while up: Tab walks its buttons, Escape closes it.
+    focus: true
     visible: sheet !== null && sheet.isPresented
     // However it closes, the sheet is no longer presented.
     onClosed: if (sheet !== null && sheet.isPresented) sheet.dismiss()
@@ -76,6 +79,8 @@ BottomSheet {
                         textFormat: Text.PlainText
                         wrapMode: Text.Wrap
                         color: root.textColor
+                        Accessible.role: Accessible.StaticText
+                        Accessible.name: text
                         font.pixelSize: 15
                     }
                 }
@@ -93,8 +98,9 @@ BottomSheet {
                     width: parent.width
                     height: 56
                     text: "Copy"
-                    focusPolicy: Qt.NoFocus
+                    focusPolicy: Qt.TabFocus
                     Accessible.name: text
+                    Accessible.onPressAction: root.sheet.copyText()
                     onClicked: root.sheet.copyText()
                     contentItem: Text {
                         text: copy.text
@@ -105,6 +111,10 @@ BottomSheet {
                     }
                     background: Rectangle {
                         color: copy.down ? SystemColors.pressed : "transparent"
+                        FocusRing {
+                            anchors.margins: 2
+                            shown: copy.visualFocus
+                        }
                     }
                 }
 
@@ -121,8 +131,9 @@ BottomSheet {
                     width: parent.width
                     height: 56
                     text: "Email"
-                    focusPolicy: Qt.NoFocus
+                    focusPolicy: Qt.TabFocus
                     Accessible.name: text
+                    Accessible.onPressAction: root.sheet.emailText()
                     onClicked: root.sheet.emailText()
                     contentItem: Text {
                         text: email.text
@@ -140,6 +151,10 @@ BottomSheet {
                             height: parent.radius
                             color: parent.color
                         }
+                        FocusRing {
+                            anchors.margins: 2
+                            shown: email.visualFocus
+                        }
                     }
                 }
             }
@@ -152,8 +167,9 @@ BottomSheet {
             width: parent.width
             height: 56
             text: "Cancel"
-            focusPolicy: Qt.NoFocus
+            focusPolicy: Qt.TabFocus
             Accessible.name: text
+            Accessible.onPressAction: root.sheet.dismiss()
             onClicked: root.sheet.dismiss()
             contentItem: Text {
                 text: cancel.text
@@ -166,6 +182,10 @@ BottomSheet {
             background: Rectangle {
                 radius: 14
                 color: cancel.down ? SystemColors.sheetButtonPressed : root.cardColor
+                FocusRing {
+                    anchors.margins: 2
+                    shown: cancel.visualFocus
+                }
             }
         }
     }

@@ -12,9 +12,11 @@ AbstractButton {
     property color color: Appearance.foreground
 
     padding: 0
-    focusPolicy: Qt.NoFocus
+    // Tab reaches it; a tap does not take the focus from the text field.
+    focusPolicy: Qt.TabFocus
     opacity: enabled ? (down ? 0.3 : 1) : 0.3
     Accessible.name: text
+    Accessible.onPressAction: if (enabled) root.clicked()
 
     contentItem: SymbolIcon {
         name: root.symbol
@@ -22,7 +24,11 @@ AbstractButton {
         color: root.color
     }
 
-    background: Item {}
+    background: Item {
+        FocusRing {
+            shown: root.visualFocus
+        }
+    }
 
     Behavior on opacity {
         NumberAnimation {

@@ -22,6 +22,8 @@ Menu {
     dim: false
 
     delegate: ToolbarMenuItem {}
+    // Qt 6.4 gives the menu's title to no one: its item tells screen readers.
+    Component.onCompleted: contentItem.parent.Accessible.name = Qt.binding(() => root.title)
 
     enter: Transition {
         NumberAnimation {

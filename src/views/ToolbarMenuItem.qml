@@ -20,6 +20,8 @@ MenuItem {
     focusPolicy: Qt.NoFocus
     arrow: null
     indicator: null
+    Accessible.name: text
+    Accessible.onPressAction: root.clicked()
 
     contentItem: RowLayout {
         spacing: 8
@@ -46,7 +48,7 @@ MenuItem {
             anchors.fill: parent
             anchors.margins: 4
             radius: 9
-            color: root.down || root.hovered ? SystemColors.menuPressed : "transparent"
+            color: root.down || root.hovered || root.highlighted ? SystemColors.menuPressed : "transparent"
         }
         Rectangle {
             anchors.bottom: parent.bottom

@@ -1,4 +1,5 @@
 #include "ScreenRig.h"
+#include "screen/KeyCommands.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -41,6 +42,82 @@ private slots:
         s.state->share();
         QTest::qWait(20);
         QVERIFY(!s.sheet.isPresented());
+    }
+
+    // Every key of the screen, on a fresh screen each: the window's keys
+    // through their bindings, a row's keys on the row of "Milk". The
+    // screen reads: names | selection | the list's items | what else is up.
+    void keys_data()
+    {
+        QTest::addColumn<QString>("keys");
+        QTest::addColumn<bool>("onRow");
+        QTest::addColumn<bool>("deleteFirst");
+        QTest::addColumn<bool>("handled");
+        QTest::addColumn<QString>("expected");
+        const QString before = "Home,Work,Trip|0|Milk,+Eggs|";
+        QTest::newRow("new list") << "Ctrl+Shift+N" << false << false << true << "New List,Home,Work,Trip|0||";
+        QTest::newRow("next list") << "Ctrl+PgDown" << false << false << true << "Home,Work,Trip|1||";
+        QTest::newRow("no list before the first") << "Ctrl+PgUp" << false << false << false << before;
+        QTest::newRow("move the list right") << "Ctrl+Shift+PgDown" << false << false << true
+                                             << "Work,Home,Trip|1|Milk,+Eggs|";
+        QTest::newRow("the first list moves no further left") << "Ctrl+Shift+PgUp" << false << false << false << before;
+        QTest::newRow("input bar") << "Ctrl+N" << false << false << true << before + "input";
+        QTest::newRow("tutorial") << "F1" << false << false << true << before + "tutorial";
+        QTest::newRow("rename is the view's") << "F2" << false << false << false << before;
+        QTest::newRow("undo") << "Ctrl+Z" << false << true << true << before;
+        QTest::newRow("toggle") << "Space" << true << false << true << "Home,Work,Trip|0|+Milk,+Eggs|turned";
+        QTest::newRow("edit") << "Return" << true << false << true << before + "input editing Milk";
+        QTest::newRow("edit, keypad") << "Enter" << true << false << true << before + "input editing Milk";
+        QTest::newRow("delete") << "Del" << true << false << true << "Home,Work,Trip|0|+Eggs|undo";
+        QTest::newRow("pin") << "Ctrl+P" << true << false << true << "Home,Work,Trip|0|*Milk,+Eggs|";
+        QTest::newRow("P alone") << "P" << true << false << false << before;
+        QTest::newRow("Shift+Space") << "Shift+Space" << true << false << false << before;
+        QTest::newRow("Ctrl+Del") << "Ctrl+Del" << true << false << false << before;
+        QTest::newRow("a row's key off the rows") << "Space" << false << false << false << before;
+    }
+    void keys()
+    {
+        QFETCH(QString, keys);
+        QFETCH(bool, onRow);
+        QFETCH(bool, deleteFirst);
+        QFETCH(bool, handled);
+        QFETCH(QString, expected);
+        Screen s;
+        const QString milk = s.seed({"Milk", "+Eggs"}).first();
+        if (deleteFirst)
+            s.rows().deleteItem(milk);
+        KeyCommands &commands = *s.state->keys();
+        const QKeyCombination pressed = QKeySequence(keys)[0];
+        bool done = false;
+        if (onRow) {
+            done = commands.rowKey(pressed.key(), pressed.keyboardModifiers().toInt(), milk);
+        } else {
+            const auto &bindings = KeyCommands::windowBindings();
+            const auto bound = std::find_if(bindings.begin(), bindings.end(),
+                                            [&](const KeyCommands::Binding &b) { return b.keys == QKeySequence(keys); });
+            if (bound != bindings.end()) {
+                // QML sees the same table.
+                QVERIFY(commands.windowKeys().contains(QVariantMap{{"sequence", bound->keys.toString()},
+                                                                  {"command", int(bound->command)}}));
+                done = commands.perform(bound->command);
+            }
+        }
+        QCOMPARE(done, handled);
+        QStringList up;
+        if (s.input().newItemFieldIsFocused())
+            up << "input";
+        if (!s.input().editingItemId().isEmpty())
+            up << "editing " + s.input().newItem();
+        if (s.state->showTutorial())
+            up << "tutorial";
+        if (s.rows().rotationAngle(milk) != 0)
+            up << "turned";
+        if (s.history().canUndo() && !deleteFirst)
+            up << "undo";
+        QCOMPARE(QStringList({s.store().listNames().join(','), QString::number(s.lists().selectedListIndex()),
+                              s.stored().join(','), up.join(' ')})
+                     .join('|'),
+                 expected);
     }
 
     void hapticsPerFlow()

@@ -1,3 +1,4 @@
+#include "views/AccessibleText.h"
 #include "views/ItemRowText.h"
 
 #include <QTest>
@@ -19,6 +20,21 @@ class TestItemRowText : public QObject
     Q_OBJECT
 
 private slots:
+    // What a screen reader hears of a row's state and of a list's name.
+    void spokenForScreenReaders()
+    {
+        QCOMPARE(AccessibleText::rowState(false, false), QStringLiteral("to do"));
+        QCOMPARE(AccessibleText::rowState(true, false), QStringLiteral("done"));
+        QCOMPARE(AccessibleText::rowState(false, true), QStringLiteral("to do, pinned"));
+        QCOMPARE(AccessibleText::rowState(true, true), QStringLiteral("done, pinned"));
+        QCOMPARE(AccessibleText::pinAction(false), QStringLiteral("Pin"));
+        QCOMPARE(AccessibleText::pinAction(true), QStringLiteral("Unpin"));
+        for (const QString &blank : {QString(), QStringLiteral("  "), QStringLiteral("\n")})
+            QCOMPARE(AccessibleText::listName(blank), QStringLiteral("Unnamed List"));
+        // A name is said as it is, spaces and all.
+        QCOMPARE(AccessibleText::listName(QStringLiteral(" Home 🏡")), QStringLiteral(" Home 🏡"));
+    }
+
     void cutsAtTheFirstBoundReached_data()
     {
         QTest::addColumn<QString>("text");
