@@ -70,7 +70,8 @@ private slots:
         QTemporaryDir parent;
         const QString dir = parent.filePath(QStringLiteral("a/murvane"));
         const QStringList list = {QStringLiteral("A✔"), QString(), QStringLiteral("Ü\"\\")};
-        const QByteArray bytes("[[]]\xff\x00", 6);
+        // Long enough to span several database pages.
+        const QByteArray bytes = QByteArray("[[]]\xff\x00", 6).repeated(50000);
         const mode_t umask = ::umask(0);
         {
             SqlitePreferencesStore p(dir);

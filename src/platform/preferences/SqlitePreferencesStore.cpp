@@ -8,11 +8,13 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSqlDatabase>
+#include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QStandardPaths>
 #include <cmath>
 #include <fcntl.h>
+#include <sqlite3.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -33,6 +35,36 @@ bool exec(QSqlDatabase &db, const QString &sql, QString &error)
         return true;
     error = describe(q.lastError());
     return false;
+}
+
+// The connection's own SQLite handle, for what Qt SQL has no call for.
+sqlite3 *handleOf(const QSqlDatabase &db)
+{
+    const QVariant handle = db.driver() ? db.driver()->handle() : QVariant();
+    if (!handle.isValid() || qstrcmp(handle.typeName(), "sqlite3*") != 0)
+        return nullptr;
+    return *static_cast<sqlite3 *const *>(handle.constData());
+}
+
+// Fills the blob of row `rowid`, inserted as zeroblob(bytes.size()), in
+// place. Bound as a parameter instead, a large document would be copied
+// whole into a record before it reaches the pages.
+bool fillBlob(sqlite3 *handle, qint64 rowid, const QByteArray &bytes, QString &error)
+{
+    if (bytes.isEmpty())
+        return true;
+    sqlite3_blob *blob = nullptr;
+    int rc = sqlite3_blob_open(handle, "main", "prefs", "value", rowid, 1, &blob);
+    if (rc == SQLITE_OK)
+        rc = sqlite3_blob_write(blob, bytes.constData(), int(bytes.size()), 0);
+    const int closed = sqlite3_blob_close(blob);
+    if (rc == SQLITE_OK)
+        rc = closed;
+    if (rc != SQLITE_OK) {
+        error = QString::fromUtf8(sqlite3_errmsg(handle));
+        return false;
+    }
+    return true;
 }
 
 // Creates the file if needed and narrows an existing one to its owner.
@@ -302,9 +334,13 @@ bool SqlitePreferencesStore::writeChanges(const Changes &changes, QString &error
     if (!exec(db, QStringLiteral("BEGIN IMMEDIATE"), error))
         return false;
     bool ok = true;
+    sqlite3 *handle = handleOf(db);
     QSqlQuery put(db);
+    QSqlQuery putBlob(db);
     QSqlQuery del(db);
     put.prepare(QStringLiteral("INSERT OR REPLACE INTO prefs (key, type, value) VALUES (?, ?, ?)"));
+    if (handle)
+        putBlob.prepare(QStringLiteral("INSERT OR REPLACE INTO prefs (key, type, value) VALUES (?, ?, zeroblob(?))"));
     del.prepare(QStringLiteral("DELETE FROM prefs WHERE key = ?"));
     QHash<QString, int> newTypes;
     bool copied = false;
@@ -329,15 +365,27 @@ bool SqlitePreferencesStore::writeChanges(const Changes &changes, QString &error
             ok = copyRow(key, error);
             copied = true;
         }
-        put.bindValue(0, key);
-        put.bindValue(1, type);
-        put.bindValue(2, bound);
-        ok = ok && put.exec();
-        if (!ok && error.isEmpty())
-            error = describe(put.lastError());
+        if (type == DataType && handle) {
+            const QByteArray bytes = bound.toByteArray();
+            putBlob.bindValue(0, key);
+            putBlob.bindValue(1, type);
+            putBlob.bindValue(2, qint64(bytes.size()));
+            ok = ok && putBlob.exec();
+            if (!ok && error.isEmpty())
+                error = describe(putBlob.lastError());
+            ok = ok && fillBlob(handle, putBlob.lastInsertId().toLongLong(), bytes, error);
+        } else {
+            put.bindValue(0, key);
+            put.bindValue(1, type);
+            put.bindValue(2, bound);
+            ok = ok && put.exec();
+            if (!ok && error.isEmpty())
+                error = describe(put.lastError());
+        }
         newTypes.insert(key, type);
     }
     put.finish();
+    putBlob.finish();
     del.finish();
     if (ok)
         ok = exec(db, QStringLiteral("COMMIT"), error);
