@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Shapes
 import Murvane
 
 // An icon of the app's symbol set, asked for by its identifier. Its implicit
@@ -51,25 +50,21 @@ Item {
             font.family: Symbols.fontFamily
             font.pixelSize: Math.max(1, size)
         }
+    }
 
-        Shape {
-            visible: root.symbol.path !== ""
-            anchors.fill: parent
-            // Edges are smoothed by multisampling the drawn icons only.
-            layer.enabled: visible
-            layer.samples: 4
+    // Outside the em box, on whole pixels: its picture then lands on the
+    // screen pixel for pixel, as sharp as the glyphs.
+    SymbolPath {
+        readonly property real margin: Math.floor((root.width - root.em) / 2)
 
-            ShapePath {
-                fillColor: root.color
-                strokeColor: "transparent"
-                strokeWidth: 0
-                fillRule: ShapePath.WindingFill
-                scale: Qt.size(box.width / 24, box.height / 24)
-
-                PathSvg {
-                    path: root.symbol.path
-                }
-            }
-        }
+        visible: root.symbol.path !== ""
+        x: margin
+        y: Math.floor((root.height - root.em) / 2)
+        width: root.width - 2 * margin
+        height: root.height - 2 * y
+        rotation: root.symbol.rotation
+        em: root.em
+        path: root.symbol.path
+        color: root.color
     }
 }
