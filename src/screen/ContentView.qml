@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls.Basic
 import Murvane
@@ -16,6 +17,7 @@ Item {
     Component.onCompleted: {
         root.screen.appear();
         buildLayers();
+        tutorialLoader.active = root.screen.showTutorial;
     }
 
     // The system background under the translucent theme gradient.
@@ -52,19 +54,35 @@ Item {
     }
 
     // The tutorial, as a sheet over the whole screen. It lives outside the
-    // layers so a theme change does not close it; it ignores the theme.
-    BottomSheet {
-        id: tutorialSheet
+    // layers so a theme change does not close it; it ignores the theme. Made
+    // when first asked for, not at start, and kept, so it can slide away.
+    Loader {
+        id: tutorialLoader
 
-        objectName: "tutorialSheet"
-        width: root.width
-        height: root.height
-        closePolicy: Popup.NoAutoClose
-        visible: root.screen.showTutorial
-        onClosed: root.screen.showTutorial = false
+        anchors.fill: parent
+        active: false
+        sourceComponent: BottomSheet {
+            id: tutorialSheet
 
-        contentItem: TutorialView {
-            onDone: tutorialSheet.close()
+            objectName: "tutorialSheet"
+            width: root.width
+            height: root.height
+            closePolicy: Popup.NoAutoClose
+            visible: root.screen.showTutorial
+            onClosed: root.screen.showTutorial = false
+
+            contentItem: TutorialView {
+                onDone: tutorialSheet.close()
+            }
+        }
+    }
+
+    Connections {
+        target: root.screen
+
+        function onShowTutorialChanged() {
+            if (root.screen.showTutorial)
+                tutorialLoader.active = true;
         }
     }
 
