@@ -13,6 +13,9 @@ Item {
 
     readonly property symbolSpec symbol: Symbols.symbol(name)
     readonly property real em: pointSize * Symbols.emScale
+    // A turned glyph is drawn as a shape: turned text is drawn with a
+    // pipeline of its own, which the first frame would wait for.
+    readonly property bool turnedGlyph: symbol.rotation !== 0 && symbol.glyph !== "" && symbol.badge === ""
 
     implicitWidth: pointSize
     implicitHeight: pointSize
@@ -26,7 +29,7 @@ Item {
 
         Text {
             id: glyph
-            visible: root.symbol.glyph !== ""
+            visible: root.symbol.glyph !== "" && !root.turnedGlyph
             width: box.width
             // The baseline is placed from the font's own em box, so the
             // glyph is centred whatever line height the font reports.
@@ -57,7 +60,7 @@ Item {
     SymbolPath {
         readonly property real margin: Math.floor((root.width - root.em) / 2)
 
-        visible: root.symbol.path !== ""
+        visible: root.symbol.path !== "" || root.turnedGlyph
         x: margin
         y: Math.floor((root.height - root.em) / 2)
         width: root.width - 2 * margin
@@ -65,6 +68,7 @@ Item {
         rotation: root.symbol.rotation
         em: root.em
         path: root.symbol.path
+        glyph: root.turnedGlyph ? root.symbol.glyph : ""
         color: root.color
     }
 }

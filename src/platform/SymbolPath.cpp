@@ -1,6 +1,10 @@
 #include "SymbolPath.h"
 
+#include "Symbols.h"
+
+#include <QFont>
 #include <QPainter>
+#include <QRawFont>
 
 #include <cmath>
 #include <numbers>
@@ -162,9 +166,44 @@ void SymbolPath::setPath(const QString &data)
     if (data == m_data)
         return;
     m_data = data;
-    m_outline = parse(data);
-    update();
+    rebuild();
     emit pathChanged();
+}
+
+void SymbolPath::setGlyph(const QString &glyph)
+{
+    if (glyph == m_glyph)
+        return;
+    m_glyph = glyph;
+    rebuild();
+    emit glyphChanged();
+}
+
+void SymbolPath::rebuild()
+{
+    m_outline = m_glyph.isEmpty() ? parse(m_data) : glyphOutline(m_glyph);
+    update();
+}
+
+QPainterPath SymbolPath::glyphOutline(const QString &text)
+{
+    QFont font(Symbols::fontFamily());
+    font.setPixelSize(24);
+    const QRawFont raw = QRawFont::fromFont(font);
+    const QList<quint32> glyphs = raw.glyphIndexesForString(text);
+    const QList<QPointF> advances = raw.advancesForGlyphIndexes(glyphs);
+    qreal width = 0;
+    for (const QPointF &advance : advances)
+        width += advance.x();
+    // Centred across the box, on the baseline the text uses.
+    QPointF pen((24 - width) / 2, 24 * Symbols::baselineRatio());
+    QPainterPath outline;
+    outline.setFillRule(Qt::WindingFill);
+    for (qsizetype i = 0; i < glyphs.size(); ++i) {
+        outline.addPath(raw.pathForGlyph(glyphs[i]).translated(pen));
+        pen += advances.value(i);
+    }
+    return outline;
 }
 
 void SymbolPath::setColor(const QColor &color)
