@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls.Basic
 import Murvane
@@ -17,7 +16,6 @@ Item {
     Component.onCompleted: {
         root.screen.appear();
         buildLayers();
-        tutorialLoader.active = root.screen.showTutorial;
     }
 
     // The system background under the translucent theme gradient.
@@ -54,35 +52,19 @@ Item {
     }
 
     // The tutorial, as a sheet over the whole screen. It lives outside the
-    // layers so a theme change does not close it; it ignores the theme. Made
-    // when first asked for, not at start, and kept, so it can slide away.
-    Loader {
-        id: tutorialLoader
+    // layers so a theme change does not close it; it ignores the theme.
+    BottomSheet {
+        id: tutorialSheet
 
-        anchors.fill: parent
-        active: false
-        sourceComponent: BottomSheet {
-            id: tutorialSheet
+        objectName: "tutorialSheet"
+        width: root.width
+        height: root.height
+        closePolicy: Popup.NoAutoClose
+        visible: root.screen.showTutorial
+        onClosed: root.screen.showTutorial = false
 
-            objectName: "tutorialSheet"
-            width: root.width
-            height: root.height
-            closePolicy: Popup.NoAutoClose
-            visible: root.screen.showTutorial
-            onClosed: root.screen.showTutorial = false
-
-            contentItem: TutorialView {
-                onDone: tutorialSheet.close()
-            }
-        }
-    }
-
-    Connections {
-        target: root.screen
-
-        function onShowTutorialChanged() {
-            if (root.screen.showTutorial)
-                tutorialLoader.active = true;
+        contentItem: TutorialView {
+            onDone: tutorialSheet.close()
         }
     }
 

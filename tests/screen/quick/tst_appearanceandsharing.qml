@@ -55,20 +55,5 @@ Item {
             tryCompare(sheet, "visible", false);
             verify(!screen.shareSheet.isPresented);
         }
-
-        // Made on first use, not with the screen; it then fills the screen.
-        function test_tutorialSheetIsMadeWhenAsked() {
-            makeScreen(["Home"], [[]]);
-            compare(findChild(view, "tutorialSheet"), null);
-            screen.openTutorial();
-            const sheet = findChild(view, "tutorialSheet");
-            verify(sheet);
-            tryCompare(sheet, "opened", true);
-            tryCompare(sheet, "y", 0);
-            compare(sheet.height, view.height);
-            sheet.contentItem.done();
-            tryCompare(sheet, "visible", false);
-            verify(!screen.showTutorial);
-        }
     }
 }
