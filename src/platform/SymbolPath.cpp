@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QRawFont>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -134,7 +135,7 @@ void arcTo(QPainterPath &path, double rx, double ry, double rotationDeg, bool la
         delta += 2 * std::numbers::pi;
 
     // At most a quarter turn per curve keeps each one close to the ellipse.
-    const int segments = int(std::ceil(std::abs(delta) / (std::numbers::pi / 2) - 1e-9));
+    const int segments = std::max(1, int(std::ceil(std::abs(delta) / (std::numbers::pi / 2) - 1e-9)));
     const double step = delta / segments;
     const double handle = 4.0 / 3.0 * std::tan(step / 4);
     // A point of the ellipse at parameter t, moved by (ox, oy) before the
