@@ -22,7 +22,24 @@ ApplicationWindow {
         screen: window.screen
     }
 
-    RatingPromptView {
+    // Made when the app first asks for a rating, not at start, and kept, so
+    // it can fade out when it closes.
+    Loader {
+        id: ratingPrompt
+
+        anchors.fill: parent
+        active: false
+        sourceComponent: RatingPromptView {}
+        Component.onCompleted: ratingPrompt.active = RatingPrompt.shown
+
+        Connections {
+            target: RatingPrompt
+
+            function onShownChanged() {
+                if (RatingPrompt.shown)
+                    ratingPrompt.active = true;
+            }
+        }
     }
 
     StoreNoticeView {

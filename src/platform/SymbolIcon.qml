@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Shapes
 import Murvane
 
 // An icon of the app's symbol set, asked for by its identifier. Its implicit
@@ -17,6 +16,9 @@ Item {
 
     readonly property symbolSpec symbol: Symbols.symbol(name)
     readonly property real em: pointSize * Symbols.emScale
+    // A turned glyph is drawn as a shape: turned text is drawn with a
+    // pipeline of its own, which the first frame would wait for.
+    readonly property bool turnedGlyph: symbol.rotation !== 0 && symbol.glyph !== "" && symbol.badge === ""
 
     implicitWidth: pointSize
     implicitHeight: pointSize
@@ -33,7 +35,7 @@ Item {
 
         Text {
             id: glyph
-            visible: root.symbol.glyph !== ""
+            visible: root.symbol.glyph !== "" && !root.turnedGlyph
             width: box.width
             // The baseline is placed from the font's own em box, so the
             // glyph is centred whatever line height the font reports.
@@ -59,25 +61,22 @@ Item {
             font.family: Symbols.fontFamily
             font.pixelSize: Math.max(1, size)
         }
+    }
 
-        Shape {
-            visible: root.symbol.path !== ""
-            anchors.fill: parent
-            // Edges are smoothed by multisampling the drawn icons only.
-            layer.enabled: visible
-            layer.samples: 4
+    // Outside the em box, on whole pixels: its picture then lands on the
+    // screen pixel for pixel, as sharp as the glyphs.
+    SymbolPath {
+        readonly property real margin: Math.floor((root.width - root.em) / 2)
 
-            ShapePath {
-                fillColor: root.color
-                strokeColor: "transparent"
-                strokeWidth: 0
-                fillRule: ShapePath.WindingFill
-                scale: Qt.size(box.width / 24, box.height / 24)
-
-                PathSvg {
-                    path: root.symbol.path
-                }
-            }
-        }
+        visible: root.symbol.path !== "" || root.turnedGlyph
+        x: margin
+        y: Math.floor((root.height - root.em) / 2)
+        width: root.width - 2 * margin
+        height: root.height - 2 * y
+        rotation: root.symbol.rotation
+        em: root.em
+        path: root.symbol.path
+        glyph: root.turnedGlyph ? root.symbol.glyph : ""
+        color: root.color
     }
 }

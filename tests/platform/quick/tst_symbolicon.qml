@@ -81,6 +81,19 @@ Item {
             const ring = inkBox(frame)
             fuzzyCompare(ring.right - ring.left + 1, 40, 2)
             fuzzyCompare(ring.bottom - ring.top + 1, 40, 2)
+            // Drawn symbols keep their holes and gaps: points of the 24-unit
+            // box, inked or not (the em box is 48 px wide, centred at 40).
+            const em = 40 * Symbols.emScale
+            for (const [name, x, y, inked] of [["pin", 12, 3, true], ["pin", 12, 8, false],
+                                              ["moonphase.waxing.gibbous.inverse", 2.8, 12, true],
+                                              ["moonphase.waxing.gibbous.inverse", 6, 12, false],
+                                              ["moonphase.waxing.gibbous.inverse", 20, 12, false],
+                                              ["moonphase.waxing.gibbous.inverse", 14, 12, true]]) {
+                frame.icon.name = name
+                waitForRendering(frame)
+                const c = grabImage(frame).pixel(Math.floor(40 - em / 2 + x * em / 24), Math.floor(40 - em / 2 + y * em / 24))
+                compare(c.r < 0.5, inked, name + " at " + x + "," + y)
+            }
             frame.icon.name = "no.such.symbol"
             waitForRendering(frame)
             compare(inkBox(frame), null)
