@@ -210,6 +210,8 @@ ListView {
         z: dragged ? 5 : 0
         scale: dragged ? 1.03 : 1
         swipeEnabled: list.dragFrom < 0
+        canMoveUp: index > 0
+        canMoveDown: index < list.count - 1
         slideDuration: list.moveDuration
         onSwipeOpened: {
             if (list.openRow !== row)
@@ -276,8 +278,9 @@ ListView {
         onEditingAction: list.screen.rows.edit(itemId)
         onPinAction: list.screen.rows.togglePin(itemId)
         onDeleteAction: list.screen.rows.deleteItem(itemId)
+        onMoveAction: by => list.screen.rows.moveRowBy(itemId, by)
 
-        // The focused row's keys: Space, Enter, Delete, Ctrl+P.
+        // The focused row's keys: Space, Enter, Delete, Ctrl+P, Alt+Up/Down.
         Keys.onPressed: event => {
             event.accepted = list.screen.keys.rowKey(event.key, event.modifiers, itemId);
         }

@@ -46,6 +46,8 @@ KeyCommands::Command KeyCommands::rowCommand(int key, Qt::KeyboardModifiers modi
             return NoCommand;
         }
     }
+    if (held == Qt::AltModifier && (key == Qt::Key_Up || key == Qt::Key_Down))
+        return key == Qt::Key_Up ? MoveItemUp : MoveItemDown;
     return held == Qt::ControlModifier && key == Qt::Key_P ? PinItem : NoCommand;
 }
 
@@ -99,6 +101,8 @@ bool KeyCommands::perform(int command, const QString &itemId)
     case EditItem:
     case DeleteItem:
     case PinItem:
+    case MoveItemUp:
+    case MoveItemDown:
         break;
     case RenameList:
     case NoCommand:
@@ -118,6 +122,10 @@ bool KeyCommands::perform(int command, const QString &itemId)
     case DeleteItem:
         rows.deleteItem(itemId);
         break;
+    case MoveItemUp:
+    case MoveItemDown:
+        // As a drop would; the view's row follows its item.
+        return rows.moveRowBy(itemId, command == MoveItemUp ? -1 : 1);
     default:
         rows.togglePin(itemId);
         break;

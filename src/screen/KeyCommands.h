@@ -36,6 +36,8 @@ public:
         EditItem,
         DeleteItem,
         PinItem,
+        MoveItemUp,
+        MoveItemDown,
     };
     Q_ENUM(Command)
 

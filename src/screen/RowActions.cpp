@@ -120,3 +120,20 @@ void RowActions::moveDisplayedRow(int from, int destination)
     // the other block.
     m_context.store.moveItems({from}, destination, m_lists.selectedListIndex());
 }
+
+bool RowActions::moveRowBy(const QString &itemId, int by)
+{
+    const auto found = find(itemId);
+    if (!found)
+        return false;
+    const QList<ListItems::Positioned> rows = displayOrder();
+    const auto at = std::find_if(rows.begin(), rows.end(),
+                                 [&](const ListItems::Positioned &row) { return row.position == found->position; });
+    const qsizetype from = at - rows.begin();
+    const qsizetype to = from + by;
+    if (by == 0 || to < 0 || to >= rows.size())
+        return false;
+    // Dropped into the gap on the far side of the row it passes.
+    moveDisplayedRow(int(from), int(by < 0 ? to : to + 1));
+    return true;
+}

@@ -13,7 +13,8 @@ class SortAndUndo;
 
 // What an item row does, by item id in the shown list: the done-marker,
 // editing, pinning, deleting (one row or the list's delete gesture) and
-// drag and drop. An id the list does not hold does nothing.
+// moving (drag and drop, or a place up or down). An id the list does not
+// hold does nothing.
 class RowActions : public QObject
 {
     Q_OBJECT
@@ -39,6 +40,9 @@ public slots:
     // Drag and drop: a displayed row dropped before displayed gap `destination`,
     // handed to the store's move as stored positions.
     void moveDisplayedRow(int from, int destination);
+    // The row of `itemId` moved `by` places (up when negative) as that drop
+    // would move it. False, and nothing moves, past the list's ends.
+    bool moveRowBy(const QString &itemId, int by);
 
 private:
     // The shown list's item with this id, by its first occurrence.

@@ -34,6 +34,9 @@ Item {
     property int slideDuration: 250
     // Set by a swipe performed in full until the row has slid out.
     property string pendingAction
+    // Whether there is a row above, and below, to move past.
+    property bool canMoveUp: true
+    property bool canMoveDown: true
 
     // A tap on the marker emits tapDone, then toggleState.
     signal tapDone
@@ -41,6 +44,8 @@ Item {
     signal editingAction
     signal pinAction
     signal deleteAction
+    // One place up (-1) or down (1).
+    signal moveAction(int by)
     signal pressAndHold
     // A swipe left a button open, waiting for a tap.
     signal swipeOpened
@@ -212,8 +217,8 @@ Item {
         }
     }
 
-    // The swipe actions, for screen readers, which cannot swipe: two
-    // buttons over the row that draw nothing.
+    // The swipe actions and the drag's moves, for screen readers, which
+    // cannot swipe or drag: buttons over the row that draw nothing.
     Item {
         anchors.fill: parent
         Accessible.role: Accessible.Button
@@ -225,6 +230,20 @@ Item {
         Accessible.role: Accessible.Button
         Accessible.name: "Delete"
         Accessible.onPressAction: row.deleteAction()
+    }
+    Item {
+        anchors.fill: parent
+        enabled: row.canMoveUp
+        Accessible.role: Accessible.Button
+        Accessible.name: "Move Up"
+        Accessible.onPressAction: row.moveAction(-1)
+    }
+    Item {
+        anchors.fill: parent
+        enabled: row.canMoveDown
+        Accessible.role: Accessible.Button
+        Accessible.name: "Move Down"
+        Accessible.onPressAction: row.moveAction(1)
     }
 
     NumberAnimation {

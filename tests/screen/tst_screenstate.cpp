@@ -45,52 +45,57 @@ private slots:
     }
 
     // Every key of the screen, on a fresh screen each: the window's keys
-    // through their bindings, a row's keys on the row of "Milk". The
-    // screen reads: names | selection | the list's items | what else is up.
+    // through their bindings (row -1), a row's keys on row 0 ("Milk") or 1.
+    // The screen reads: names | selection | the list's items | what else is up.
     void keys_data()
     {
         QTest::addColumn<QString>("keys");
-        QTest::addColumn<bool>("onRow");
+        QTest::addColumn<int>("row");
         QTest::addColumn<bool>("deleteFirst");
         QTest::addColumn<bool>("handled");
         QTest::addColumn<QString>("expected");
         const QString before = "Home,Work,Trip|0|Milk,+Eggs|";
-        QTest::newRow("new list") << "Ctrl+Shift+N" << false << false << true << "New List,Home,Work,Trip|0||";
-        QTest::newRow("next list") << "Ctrl+PgDown" << false << false << true << "Home,Work,Trip|1||";
-        QTest::newRow("no list before the first") << "Ctrl+PgUp" << false << false << false << before;
-        QTest::newRow("move the list right") << "Ctrl+Shift+PgDown" << false << false << true
+        QTest::newRow("new list") << "Ctrl+Shift+N" << -1 << false << true << "New List,Home,Work,Trip|0||";
+        QTest::newRow("next list") << "Ctrl+PgDown" << -1 << false << true << "Home,Work,Trip|1||";
+        QTest::newRow("no list before the first") << "Ctrl+PgUp" << -1 << false << false << before;
+        QTest::newRow("move the list right") << "Ctrl+Shift+PgDown" << -1 << false << true
                                              << "Work,Home,Trip|1|Milk,+Eggs|";
-        QTest::newRow("the first list moves no further left") << "Ctrl+Shift+PgUp" << false << false << false << before;
-        QTest::newRow("input bar") << "Ctrl+N" << false << false << true << before + "input";
-        QTest::newRow("tutorial") << "F1" << false << false << true << before + "tutorial";
-        QTest::newRow("rename is the view's") << "F2" << false << false << false << before;
-        QTest::newRow("undo") << "Ctrl+Z" << false << true << true << before;
-        QTest::newRow("toggle") << "Space" << true << false << true << "Home,Work,Trip|0|+Milk,+Eggs|turned";
-        QTest::newRow("edit") << "Return" << true << false << true << before + "input editing Milk";
-        QTest::newRow("edit, keypad") << "Enter" << true << false << true << before + "input editing Milk";
-        QTest::newRow("delete") << "Del" << true << false << true << "Home,Work,Trip|0|+Eggs|undo";
-        QTest::newRow("pin") << "Ctrl+P" << true << false << true << "Home,Work,Trip|0|*Milk,+Eggs|";
-        QTest::newRow("P alone") << "P" << true << false << false << before;
-        QTest::newRow("Shift+Space") << "Shift+Space" << true << false << false << before;
-        QTest::newRow("Ctrl+Del") << "Ctrl+Del" << true << false << false << before;
-        QTest::newRow("a row's key off the rows") << "Space" << false << false << false << before;
+        QTest::newRow("the first list moves no further left") << "Ctrl+Shift+PgUp" << -1 << false << false << before;
+        QTest::newRow("input bar") << "Ctrl+N" << -1 << false << true << before + "input";
+        QTest::newRow("tutorial") << "F1" << -1 << false << true << before + "tutorial";
+        QTest::newRow("rename is the view's") << "F2" << -1 << false << false << before;
+        QTest::newRow("undo") << "Ctrl+Z" << -1 << true << true << before;
+        QTest::newRow("toggle") << "Space" << 0 << false << true << "Home,Work,Trip|0|+Milk,+Eggs|turned";
+        QTest::newRow("edit") << "Return" << 0 << false << true << before + "input editing Milk";
+        QTest::newRow("edit, keypad") << "Enter" << 0 << false << true << before + "input editing Milk";
+        QTest::newRow("delete") << "Del" << 0 << false << true << "Home,Work,Trip|0|+Eggs|undo";
+        QTest::newRow("pin") << "Ctrl+P" << 0 << false << true << "Home,Work,Trip|0|*Milk,+Eggs|";
+        QTest::newRow("P alone") << "P" << 0 << false << false << before;
+        QTest::newRow("Shift+Space") << "Shift+Space" << 0 << false << false << before;
+        QTest::newRow("Ctrl+Del") << "Ctrl+Del" << 0 << false << false << before;
+        QTest::newRow("down") << "Alt+Down" << 0 << false << true << "Home,Work,Trip|0|+Eggs,Milk|";
+        QTest::newRow("up") << "Alt+Up" << 1 << false << true << "Home,Work,Trip|0|+Eggs,Milk|";
+        QTest::newRow("nothing above the top") << "Alt+Up" << 0 << false << false << before;
+        QTest::newRow("nothing below the bottom") << "Alt+Down" << 1 << false << false << before;
+        QTest::newRow("a row's key off the rows") << "Space" << -1 << false << false << before;
     }
     void keys()
     {
         QFETCH(QString, keys);
-        QFETCH(bool, onRow);
+        QFETCH(int, row);
         QFETCH(bool, deleteFirst);
         QFETCH(bool, handled);
         QFETCH(QString, expected);
         Screen s;
-        const QString milk = s.seed({"Milk", "+Eggs"}).first();
+        const QStringList ids = s.seed({"Milk", "+Eggs"});
+        const QString milk = ids.first();
         if (deleteFirst)
             s.rows().deleteItem(milk);
         KeyCommands &commands = *s.state->keys();
         const QKeyCombination pressed = QKeySequence(keys)[0];
         bool done = false;
-        if (onRow) {
-            done = commands.rowKey(pressed.key(), pressed.keyboardModifiers().toInt(), milk);
+        if (row >= 0) {
+            done = commands.rowKey(pressed.key(), pressed.keyboardModifiers().toInt(), ids[row]);
         } else {
             const auto &bindings = KeyCommands::windowBindings();
             const auto bound = std::find_if(bindings.begin(), bindings.end(),
