@@ -3,7 +3,7 @@
 #include "decor/GlobeGeometry.h"
 #include "decor/GlobeMaterial.h"
 
-#include <QQuickWindow>
+#include <QTimerEvent>
 #include <QSGGeometryNode>
 
 #include <cmath>
@@ -67,17 +67,25 @@ void GlobeItem::advanceSpin()
 
 void GlobeItem::followFrames()
 {
-    disconnect(m_frames);
-    m_frames = {};
+    // A timer paces the frames: asking for the next frame from each frame
+    // would draw as fast as a display without vsync lets it.
     if (m_spinning && window()) {
-        // Each frame moves the spin on and asks for the next.
-        m_frames = connect(window(), &QQuickWindow::afterAnimating, this, [this] {
-            advanceSpin();
-            update();
-        });
-        // The item may only now be turning visible: ask the window itself.
-        window()->update();
+        if (!m_frameTimer.isActive())
+            m_frameTimer.start(frameIntervalMs, Qt::PreciseTimer, this);
+        update();
+    } else {
+        m_frameTimer.stop();
     }
+}
+
+void GlobeItem::timerEvent(QTimerEvent *event)
+{
+    if (event->timerId() != m_frameTimer.timerId()) {
+        QQuickItem::timerEvent(event);
+        return;
+    }
+    advanceSpin();
+    update();
 }
 
 void GlobeItem::itemChange(ItemChange change, const ItemChangeData &value)

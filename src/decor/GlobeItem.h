@@ -3,6 +3,7 @@
 #include "decor/GlobeScene.h"
 
 #include <QColor>
+#include <QBasicTimer>
 #include <QElapsedTimer>
 #include <QQuickItem>
 #include <QtQml/qqml.h>
@@ -63,6 +64,7 @@ protected:
     QSGNode *updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *) override;
     void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
     void itemChange(ItemChange change, const ItemChangeData &value) override;
+    void timerEvent(QTimerEvent *event) override;
 
 private:
     Variant m_variant = Animated;
@@ -75,7 +77,9 @@ private:
     bool m_spinning = false;
     QElapsedTimer m_spinClock;
     qreal m_spinStart = 0;
-    QMetaObject::Connection m_frames;
+    // About sixty frames a second while spinning.
+    static constexpr int frameIntervalMs = 16;
+    QBasicTimer m_frameTimer;
     GlobeScene::CameraTurn m_turn;
     // The geometry must be made anew after a change of variant.
     bool m_sceneChanged = false;
