@@ -3,7 +3,8 @@
 #include "platform/Haptics.h"
 #include "platform/WriteReviewOpener.h"
 
-// The screen's other services, doing nothing: the figures are the screen's.
+// The screen's other services, doing nothing: the benchmarks' figures are
+// the screen's, and a screenshot plays no sound.
 class NoHaptics : public Haptics
 {
 public:

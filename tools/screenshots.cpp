@@ -6,14 +6,13 @@
 // the smallest phone, the smallest and a full-HD desktop window and a
 // landscape tablet, for checking the layout by eye.
 
+#include "QuietServices.h"
 #include "appearance/Appearance.h"
 #include "model/ItemsCodec.h"
 #include "model/ListItem.h"
 #include "platform/FontLoader.h"
-#include "platform/Haptics.h"
 #include "platform/InAppShareSheet.h"
 #include "platform/QmlServices.h"
-#include "platform/WriteReviewOpener.h"
 #include "platform/preferences/MemoryPreferencesStore.h"
 #include "platform/preferences/PreferencesStore.h"
 #include "platform/ShareSheet.h"
@@ -154,20 +153,6 @@ void enter(Scene scene, QQuickView &view, ScreenState &screen)
         break;
     }
 }
-
-// The screen's other services, doing nothing: a picture plays no sound.
-class NoHaptics : public Haptics
-{
-public:
-    void lightImpact() override {}
-    void successNotification() override {}
-};
-
-class NoReviewPage : public WriteReviewOpener
-{
-public:
-    void openWriteReviewPage() override {}
-};
 
 // Presses keys in the window, as a keyboard would.
 void press(QQuickView &view, const QList<int> &keys)
