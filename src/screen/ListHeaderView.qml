@@ -278,11 +278,22 @@ Item {
                             shown: chip.visualFocus
                         }
 
+                        font.pixelSize: 15
                         contentItem: Text {
                             text: chip.text
                             color: Appearance.foreground
-                            font.pixelSize: 15
+                            font: chip.font
                             verticalAlignment: Text.AlignVCenter
+
+                            // The strip's shadow falls from its letters too.
+                            TextShadow {
+                                text: chip.text
+                                font: chip.font
+                                sigma: 5
+                                color: Qt.rgba(0, 0, 0, 0.2)
+                                x: -margin
+                                y: (parent.height - height) / 2 + 2
+                            }
                         }
 
                         background: Item {}
