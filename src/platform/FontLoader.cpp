@@ -124,7 +124,11 @@ bool addScaledEmoji()
     QFile file(source.filePath());
     if (!file.open(QIODevice::ReadOnly))
         return false;
-    const QByteArray original = file.readAll();
+    // Read through a mapping: the face is copied once, into the new one.
+    const uchar *mapped = file.map(0, file.size());
+    const QByteArray original = mapped
+        ? QByteArray::fromRawData(reinterpret_cast<const char *>(mapped), file.size())
+        : file.readAll();
     const QByteArray scaledFace = scaledColorEmoji(original, kEmojiScale, emojiFamily);
     if (scaledFace.isEmpty()) {
         QFontDatabase::addApplicationFont(source.filePath());
@@ -148,7 +152,14 @@ QByteArray scaledColorEmoji(const QByteArray &font, double scale, const QString 
     const auto name = findTable(font, "name");
     if (!hhea || !cblc || !name || hhea->length < 10 || cblc->length < 8 || scale <= 0)
         return {};
-    QByteArray result = font;
+    // The renamed name table goes at the end, on a four-byte boundary.
+    const QByteArray names = renamed(font, *name, family);
+    if (names.isEmpty())
+        return {};
+    // One copy of the face, with room for the new names: it is 11 MB.
+    QByteArray result;
+    result.reserve(font.size() + 3 + names.size());
+    result.append(font);
     auto *data = reinterpret_cast<uchar *>(result.data());
     // Ascender, descender and line gap of the whole face.
     for (int field = 0; field < 3; ++field) {
@@ -167,10 +178,6 @@ QByteArray scaledColorEmoji(const QByteArray &font, double scale, const QString 
                 *at = uchar(qint8(std::lround(qint8(*at) / scale)));
             }
     }
-    // The renamed name table goes at the end, on a four-byte boundary.
-    const QByteArray names = renamed(font, *name, family);
-    if (names.isEmpty())
-        return {};
     while (result.size() % 4)
         result.append('\0');
     data = reinterpret_cast<uchar *>(result.data());
