@@ -89,8 +89,9 @@ class TestAccessibility : public QObject
         QStringList parts;
         for (int i = 0; i < m_screen->store()->listCount(); ++i)
             parts << markedTexts(m_screen->store()->itemsAt(i)).join(',');
-        for (const QObject *part : std::initializer_list<const QObject *>{
-                 m_screen.get(), m_screen->lists(), m_screen->inputBar(), m_screen->sortAndUndo(), &m_appearance, &m_sheet})
+        const QObject *services[] = {m_screen.get(), m_screen->lists(), m_screen->inputBar(),
+                                     m_screen->sortAndUndo(), &m_appearance, &m_sheet};
+        for (const QObject *part : services)
             for (int i = QObject::staticMetaObject.propertyCount(); i < part->metaObject()->propertyCount(); ++i)
                 parts << part->metaObject()->property(i).read(part).toString();
         parts << m_screen->store()->listNames() << m_sheet.copied << QString::number(m_sheet.opened.size())
@@ -168,7 +169,8 @@ private slots:
         qputenv("QSG_RENDER_LOOP", "basic");
         // Controls give themselves roles once assistive technology is on.
         QAccessible::installUpdateHandler([](QAccessibleEvent *event) {
-            if (QAccessibleInterface *iface = event->accessibleInterface(); iface && event->type() == QAccessible::Focus)
+            QAccessibleInterface *iface = event->accessibleInterface();
+            if (iface && event->type() == QAccessible::Focus)
                 announced << iface->text(QAccessible::Name);
         });
         QAccessible::setActive(true);

@@ -1,6 +1,6 @@
-// The main screen's state and its parts (the lists, the input bar, sorting
-// and undo, the rows, the keys) driven as the view drives them, over an
-// in-memory store.
+// The main screen's state and its parts (the lists and their chips, the
+// input bar, sorting and undo, the rows and the model that shows them, the
+// keys) driven as the view drives them, over an in-memory store.
 
 #include "CountingReviewOpener.h"
 #include "MarkedItems.h"
@@ -16,7 +16,9 @@
 #include "screen/RowActions.h"
 #include "screen/ScreenState.h"
 #include "screen/SortAndUndo.h"
+#include "views/ItemRowText.h"
 
+#include <QAbstractItemModelTester>
 #include <QSignalSpy>
 #include <QTest>
 #include <functional>
@@ -86,6 +88,41 @@ struct Screen
     RecordingShareSheet sheet;
     CountingReviewOpener opener;
     std::unique_ptr<ScreenState> state;
+};
+
+// What a model reports, as "data 2-2", "insert 4-4", "remove 1-1",
+// "move 3>0", "layout", "reset" or "count", checked as it goes by
+// QAbstractItemModelTester.
+struct ModelLog
+{
+    explicit ModelLog(QAbstractItemModel *model)
+        : tester(model, QAbstractItemModelTester::FailureReportingMode::QtTest)
+    {
+        using M = QAbstractItemModel;
+        using Index = QModelIndex;
+        const auto rows = [this](const char *what) {
+            return [this, what](const Index &, int a, int b) {
+                log << QStringLiteral("%1 %2-%3").arg(what).arg(a).arg(b);
+            };
+        };
+        QObject::connect(model, &M::rowsInserted, &guard, rows("insert"));
+        QObject::connect(model, &M::rowsRemoved, &guard, rows("remove"));
+        QObject::connect(model, &M::dataChanged, &guard, [this](const Index &a, const Index &b) {
+            log << QStringLiteral("data %1-%2").arg(a.row()).arg(b.row());
+        });
+        QObject::connect(model, &M::rowsMoved, &guard, [this](const Index &, int a, int, const Index &, int to) {
+            log << QStringLiteral("move %1>%2").arg(a).arg(to);
+        });
+        QObject::connect(model, &M::modelReset, &guard, [this] { log << "reset"; });
+        QObject::connect(model, &M::layoutChanged, &guard, [this] { log << "layout"; });
+        if (auto *displayed = qobject_cast<DisplayedItemsModel *>(model))
+            QObject::connect(displayed, &DisplayedItemsModel::countChanged, &guard, [this] { log << "count"; });
+    }
+    QStringList take() { return std::exchange(log, {}); }
+
+    QAbstractItemModelTester tester;
+    QStringList log;
+    QObject guard; // goes first, and takes the connections with it
 };
 
 } // namespace
@@ -191,11 +228,6 @@ private slots:
         const QString milk = s.add("Milk");
         const QString eggs = s.add("Eggs");
         s.store().setState(ListItemState::done, QUuid::fromString(eggs), 0);
-        ScreenState &st = *s.state;
-        ListNavigation &lists = s.lists();
-        InputBar &input = s.input();
-        SortAndUndo &history = s.history();
-        RowActions &rows = s.rows();
         const auto light = RecordingHaptics::Event::lightImpact;
         const auto success = RecordingHaptics::Event::successNotification;
         const struct
@@ -204,33 +236,29 @@ private slots:
             std::function<void()> run;
             QList<RecordingHaptics::Event> expected;
         } flows[] = {
-            {"add", [&] { input.setNewItem("Tea"); input.addOrUpdate(); }, {light}},
-            {"add only spaces", [&] { input.setNewItem(" "); input.addOrUpdate(); }, {light}},
-            {"undo with nothing to undo", [&] { history.undo(); }, {light}},
-            {"tap a to-do marker", [&] { rows.turnDoneMarker(milk); }, {success}},
-            {"tap a done marker", [&] { rows.turnDoneMarker(eggs); }, {light}},
-            {"toggle state", [&] { rows.toggleState(milk); }, {}},
-            {"pin", [&] { rows.togglePin(milk); }, {light}},
-            {"drag", [&] { rows.moveDisplayedRow(0, 2); }, {}},
-            {"sort by status", [&] { history.sortByStatus(); }, {light}},
-            {"sort by text", [&] { history.sortByText(); }, {light}},
-            {"reset dots", [&] { history.markAllToDo(); }, {light}},
-            {"delete row", [&] { rows.deleteItem(milk); }, {light}},
-            {"undo", [&] { history.undo(); }, {light}},
-            {"delete gesture", [&] { rows.deleteDisplayedRows({0}); }, {}},
-            {"new list", [&] { lists.addList(); }, {success}},
-            {"move right", [&] { lists.moveListRight(); }, {success}},
-            {"move left", [&] { lists.moveListLeft(); }, {success}},
-            {"move left when first", [&] { lists.moveListLeft(); }, {success}},
-            {"ask to delete the list", [&] { lists.askToDeleteList(); }, {success}},
-            {"delete the list", [&] { lists.deleteSelectedList(); }, {}},
-            {"chip tap", [&] { lists.chooseList(1); }, {light}},
-            {"the same chip again", [&] { lists.chooseList(1); }, {light}},
-            {"scheme", [&] { st.toggleColorScheme(); }, {light}},
-            {"theme", [&] { st.chooseTheme("blue"); }, {light}},
-            {"the same theme again", [&] { st.chooseTheme("blue"); }, {light}},
-            {"share", [&] { st.share(); }, {light}},
-            {"rate", [&] { st.openWriteReviewPage(); }, {}},
+            {"add", [&] { s.input().setNewItem("Tea"); s.input().addOrUpdate(); }, {light}},
+            {"add only spaces", [&] { s.input().setNewItem(" "); s.input().addOrUpdate(); }, {light}},
+            {"undo with nothing to undo", [&] { s.history().undo(); }, {light}},
+            {"tap a to-do marker", [&] { s.rows().turnDoneMarker(milk); }, {success}},
+            {"tap a done marker", [&] { s.rows().turnDoneMarker(eggs); }, {light}},
+            {"toggle state", [&] { s.rows().toggleState(milk); }, {}},
+            {"pin", [&] { s.rows().togglePin(milk); }, {light}},
+            {"drag", [&] { s.rows().moveDisplayedRow(0, 2); }, {}},
+            {"sort by status", [&] { s.history().sortByStatus(); }, {light}},
+            {"reset dots", [&] { s.history().markAllToDo(); }, {light}},
+            {"delete row", [&] { s.rows().deleteItem(milk); }, {light}},
+            {"undo", [&] { s.history().undo(); }, {light}},
+            {"delete gesture", [&] { s.rows().deleteDisplayedRows({0}); }, {}},
+            {"new list", [&] { s.lists().addList(); }, {success}},
+            {"move left when first", [&] { s.lists().moveListLeft(); }, {success}},
+            {"move right", [&] { s.lists().moveListRight(); }, {success}},
+            {"ask to delete the list", [&] { s.lists().askToDeleteList(); }, {success}},
+            {"delete the list", [&] { s.lists().deleteSelectedList(); }, {}},
+            {"chip tap", [&] { s.lists().chooseList(1); }, {light}},
+            {"scheme", [&] { s.state->toggleColorScheme(); }, {light}},
+            {"theme", [&] { s.state->chooseTheme("blue"); }, {light}},
+            {"share", [&] { s.state->share(); }, {light}},
+            {"rate", [&] { s.state->openWriteReviewPage(); }, {}},
         };
         for (const auto &f : flows) {
             s.haptics.clear();
@@ -241,8 +269,8 @@ private slots:
         // Only a selected list is shared; the text is checked through the view.
         QTRY_VERIFY(s.sheet.isPresented());
         s.sheet.dismiss();
-        lists.setSelectedListIndex(-1);
-        st.share();
+        s.lists().setSelectedListIndex(-1);
+        s.state->share();
         QTest::qWait(20);
         QVERIFY(!s.sheet.isPresented());
     }
@@ -282,50 +310,41 @@ private slots:
         s.add("kept");
         ListChipsModel chips;
         chips.setStore(&s.store());
-        QStringList log;
-        connect(&chips, &QAbstractItemModel::dataChanged, this, [&](const QModelIndex &a, const QModelIndex &b) {
-            log << QStringLiteral("changed %1-%2").arg(a.row()).arg(b.row());
-        });
-        const auto rows = [&](const char *what) {
-            return [&, what](const QModelIndex &, int a, int b) { log << QStringLiteral("%1 %2-%3").arg(what).arg(a).arg(b); };
-        };
-        connect(&chips, &QAbstractItemModel::rowsInserted, this, rows("inserted"));
-        connect(&chips, &QAbstractItemModel::rowsRemoved, this, rows("removed"));
-        connect(&chips, &QAbstractItemModel::rowsMoved, this,
-                [&](const QModelIndex &, int a, int, const QModelIndex &, int to) { log << QStringLiteral("moved %1 to %2").arg(a).arg(to); });
+        ModelLog chipsLog(&chips);
+        QStringList &log = chipsLog.log;
         ListNavigation &lists = s.lists();
         connect(&lists, &ListNavigation::selectedListIndexChanged, this, [&] {
             log << QStringLiteral("select %1 in %2").arg(lists.selectedListIndex()).arg(lists.selectionDuration());
         });
         connect(&lists, &ListNavigation::scrollHeaderToSelected, this, [&](int ms) { log << QString::number(ms); });
-        // The log: chip changes, the selection and the capsule's time, the
-        // header's scroll times. The state: names | selection | its items.
+        // The log: the chips' changes, the selection and the capsule's time,
+        // the header's scroll times. The state: names | selection | its items.
         const struct
         {
             std::function<void()> run;
             QStringList log;
             QString state;
         } steps[] = {
-            {[&] { lists.renameSelectedList("J"); }, {"changed 1-1"}, "H,J,T|1|kept"},
-            {[&] { lists.moveListRight(); }, {"moved 1 to 3", "select 2 in 300", "200", "200"}, "H,T,J|2|kept"},
+            {[&] { lists.renameSelectedList("J"); }, {"data 1-1"}, "H,J,T|1|kept"},
+            {[&] { lists.moveListRight(); }, {"move 1>3", "select 2 in 300", "200", "200"}, "H,T,J|2|kept"},
             {[&] { lists.moveListRight(); }, {}, "H,T,J|2|kept"},
-            {[&] { lists.moveListLeft(); }, {"moved 1 to 3", "select 1 in 300", "200", "200"}, "H,J,T|1|kept"},
+            {[&] { lists.moveListLeft(); }, {"move 1>3", "select 1 in 300", "200", "200"}, "H,J,T|1|kept"},
             // A chip tap also puts the keyboard away.
             {[&] { s.input().setNewItemFieldIsFocused(true); lists.chooseList(2); }, {"select 2 in 500", "200", "500"},
              "H,J,T|2|"},
             {[&] { lists.chooseList(2); }, {"500"}, "H,J,T|2|"},
-            {[&] { lists.addList(); }, {"inserted 0-0", "select 0 in 350", "200", "500"}, "New List,H,J,T|0|"},
+            {[&] { lists.addList(); }, {"insert 0-0", "select 0 in 350", "200", "500"}, "New List,H,J,T|0|"},
             {[&] { lists.moveListLeft(); }, {}, "New List,H,J,T|0|"},
             // A list goes only after a "Yes"; the selection stays on the last.
             {[&] { lists.setSelectedListIndex(3); }, {"select 3 in 0", "200"}, "New List,H,J,T|3|"},
             {[&] { lists.askToDeleteList(); }, {}, "New List,H,J,T|3||asking"},
-            {[&] { lists.deleteSelectedList(); }, {"removed 3-3", "select 2 in 0", "200", "350"}, "New List,H,J|2|kept"},
-            {[&] { s.history().undo(); }, {"inserted 3-3", "select 3 in 0", "200", "350"}, "New List,H,J,T|3|"},
+            {[&] { lists.deleteSelectedList(); }, {"remove 3-3", "select 2 in 0", "200", "350"}, "New List,H,J|2|kept"},
+            {[&] { s.history().undo(); }, {"insert 3-3", "select 3 in 0", "200", "350"}, "New List,H,J,T|3|"},
             {[&] { lists.setSelectedListIndex(2); }, {"select 2 in 0", "200"}, "New List,H,J,T|2|kept"},
             // Renamed as typed, spaces and all; an empty name is allowed;
             // neither is undone.
-            {[&] { lists.renameSelectedList(" Groceries "); }, {"changed 2-2"}, "New List,H, Groceries ,T|2|kept"},
-            {[&] { lists.renameSelectedList(""); }, {"changed 2-2"}, "New List,H,,T|2|kept"},
+            {[&] { lists.renameSelectedList(" Groceries "); }, {"data 2-2"}, "New List,H, Groceries ,T|2|kept"},
+            {[&] { lists.renameSelectedList(""); }, {"data 2-2"}, "New List,H,,T|2|kept"},
             {[&] { s.history().undo(); }, {}, "New List,H,,T|2|kept"},
             {[&] { lists.setSelectedListIndex(4); }, {"select 4 in 0", "200"}, "New List,H,,T|4|"},
             {[&] { lists.renameSelectedList("x"); }, {}, "New List,H,,T|4|"},
@@ -540,6 +559,141 @@ private slots:
         QVERIFY(!s.history().canUndo());
         s.add("E");
         QCOMPARE(s.shown(), (QStringList{"D", "A", "+Nil", "C", "E"}));
+    }
+
+    // Rows come pinned first, with the item's id as QML passes it back, its
+    // stored position, and a bounded text (the editor gets the whole one);
+    // an edit of the text refreshes both.
+    void displayedRowsAndRoles()
+    {
+        Screen s;
+        const QString big = QString(1 << 20, QLatin1Char('w'));
+        const QStringList ids = s.seed({"a", big, "*c"});
+        DisplayedItemsModel *model = s.state->displayedItems();
+        QList<int> roles;
+        connect(model, &QAbstractItemModel::dataChanged, this,
+                [&](const QModelIndex &, const QModelIndex &, const QList<int> &r) { roles = r; });
+        const auto role = [&](int row, int r) { return model->data(model->index(row), r).toString(); };
+        QCOMPARE(role(0, DisplayedItemsModel::ItemIdRole), ids[2]);
+        QCOMPARE(model->rowOf(ids[2]), 0);
+        QCOMPARE(role(0, DisplayedItemsModel::PositionRole), QStringLiteral("2"));
+        QCOMPARE(role(0, DisplayedItemsModel::DisplayTextRole), QStringLiteral("c"));
+        QCOMPARE(role(2, DisplayedItemsModel::TextRole), big);
+        QCOMPARE(role(2, DisplayedItemsModel::DisplayTextRole), ItemRowText::shown(big));
+
+        s.store().updateItemText(s.items()[1].id, 0, QStringLiteral("now short"));
+        QVERIFY(roles.contains(DisplayedItemsModel::DisplayTextRole));
+        QCOMPARE(role(2, DisplayedItemsModel::DisplayTextRole), QStringLiteral("now short"));
+    }
+
+    // Each edit reaches the view as the smallest change, so rows keep
+    // their delegates and the list its scroll position.
+    void eachEditIsTheSmallestChange()
+    {
+        Screen s;
+        s.seed({"a", "b", "c", "d"});
+        s.store().replaceList(1, markedItems({"x"}));
+        ListItems &store = s.store();
+        DisplayedItemsModel *model = s.state->displayedItems();
+        ModelLog log(model);
+        const auto id = [&](int stored) { return s.items()[stored].id; };
+        ListItem b;
+        const struct
+        {
+            std::function<void()> edit;
+            QStringList log;
+        } edits[] = {
+            {[&] { store.setState(ListItemState::done, id(2), 0); }, {"data 2-2"}},
+            {[&] { store.updateItemText(id(0), 0, QStringLiteral("A")); }, {"data 0-0"}},
+            {[&] { model->setRotationAngle(id(3), 180); }, {"data 3-3"}},
+            {[&] { store.addItem(ListItem::create("e"), 0); }, {"insert 4-4", "count"}},
+            // The rows after a deleted one change position; an undo puts it back.
+            {[&] { b = s.items()[1]; store.deleteItems({1}, 0); }, {"remove 1-1", "count", "data 1-3"}},
+            {[&] { store.insertItem(b, 1, 0); }, {"insert 1-1", "count", "data 2-4"}},
+            // Pinning and dragging move one row; the positions after it follow.
+            {[&] { store.setPinned(true, id(4), 0); }, {"move 4>0", "data 0-4"}},
+            // Unpinned, e still heads the others: only its data changes.
+            {[&] { store.setPinned(false, id(0), 0); }, {"data 0-0"}},
+            {[&] { store.moveItems({4}, 0, 0); }, {"move 4>0", "data 0-4"}},
+            // Another list's changes are not this list's.
+            {[&] { store.addItem(ListItem::create("y"), 1); }, {}},
+        };
+        for (const auto &e : edits) {
+            e.edit();
+            QCOMPARE(log.take(), e.log);
+        }
+        QCOMPARE(model->data(model->index(0), DisplayedItemsModel::RotationAngleRole).toDouble(), 180.0);
+        QCOMPARE(s.shown(), (QStringList{"d", "e", "A", "b", "+c"}));
+
+        // A sort and its undo move the rows that left their order, fewest first.
+        const ItemList unsorted = s.items();
+        store.sortItems(0, false, true);
+        QCOMPARE(log.take().filter(QStringLiteral("move")).size(), 3);
+        QCOMPARE(s.shown(), (QStringList{"e", "d", "+c", "b", "A"}));
+        store.replaceList(0, unsorted);
+        QCOMPARE(log.take().filter(QStringLiteral("move")).size(), 3);
+        QCOMPARE(s.shown(), (QStringList{"d", "e", "A", "b", "+c"}));
+        // A switch of lists starts afresh.
+        model->setListIndex(1);
+        QCOMPARE(log.take(), (QStringList{"reset", "count"}));
+        QCOMPARE(s.shown(), (QStringList{"x", "y"}));
+    }
+
+    // Too many rows move to follow each: one layout change, with every
+    // held index following its item; a list that changed otherwise resets.
+    void longSortsAreOneLayoutChange()
+    {
+        Screen s;
+        QStringList texts;
+        for (int i = 0; i < 1000; ++i)
+            texts << QStringLiteral("%1").arg(i, 4, 10, QLatin1Char('0'));
+        s.seed(texts);
+        DisplayedItemsModel *model = s.state->displayedItems();
+        ModelLog log(model);
+        const QPersistentModelIndex held = model->index(10);
+        s.store().sortItems(0, false, true);
+        QCOMPARE(log.take(), QStringList{"layout"});
+        QCOMPARE(s.shown().first(), QStringLiteral("0999"));
+        QCOMPARE(held.row(), 989);
+        QCOMPARE(held.data(DisplayedItemsModel::TextRole).toString(), QStringLiteral("0010"));
+        QCOMPARE(held.data(DisplayedItemsModel::PositionRole).toLongLong(), 989);
+
+        ItemList other = s.items();
+        std::reverse(other.begin(), other.end());
+        other.removeLast();
+        other.prepend(ListItem::create(QStringLiteral("new")));
+        s.store().replaceList(0, other);
+        QCOMPARE(log.take(), QStringList{"reset"});
+    }
+
+    void heldUpdatesFollowTheListThatMoved()
+    {
+        Screen s;
+        s.seed({"a", "b"});
+        s.store().replaceList(1, markedItems({"x"}));
+        DisplayedItemsModel *model = s.state->displayedItems();
+        ModelLog log(model);
+        // The screen moves list 0 to 1 and selects it: the same rows, no change.
+        model->holdUpdates();
+        s.store().moveList(0, 1);
+        model->setListIndex(1);
+        model->releaseUpdates();
+        QCOMPARE(log.take(), QStringList());
+        QCOMPARE(s.shown(), (QStringList{"a", "b"}));
+
+        // Without the selection following, the other list shows.
+        s.store().moveList(0, 1);
+        QCOMPARE(log.take(), (QStringList{"reset", "count"}));
+        QCOMPARE(s.shown(), QStringList{"x"});
+
+        // A change while held waits for the last release, as the smallest change.
+        model->holdUpdates();
+        model->holdUpdates();
+        s.store().addItem(ListItem::create("y"), 1);
+        model->releaseUpdates();
+        QCOMPARE(model->rowCount(), 1);
+        model->releaseUpdates();
+        QCOMPARE(log.take(), (QStringList{"insert 1-1", "count"}));
     }
 
     // Dropped rows go to the store's move, which has rules of its own; the
