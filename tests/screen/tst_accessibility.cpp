@@ -47,12 +47,6 @@ using Node = std::pair<QString, QAccessibleInterface *>;
 // The names told as focus moved.
 QStringList announced;
 
-void recordFocus(QAccessibleEvent *event)
-{
-    if (QAccessibleInterface *iface = event->accessibleInterface(); iface && event->type() == QAccessible::Focus)
-        announced << iface->text(QAccessible::Name);
-}
-
 } // namespace
 
 class TestAccessibility : public QObject
@@ -95,15 +89,13 @@ class TestAccessibility : public QObject
         QStringList parts;
         for (int i = 0; i < m_screen->store()->listCount(); ++i)
             parts << markedTexts(m_screen->store()->itemsAt(i)).join(',');
-        const InputBar &input = *m_screen->inputBar();
-        parts << m_screen->store()->listNames() << QString::number(m_screen->lists()->selectedListIndex())
-              << input.newItem() << input.editingItemId() << QString::number(input.newItemFieldIsFocused())
-              << QString::number(m_screen->showTutorial())
-              << QString::number(m_screen->lists()->showDeletionConfirmation())
-              << QString::number(m_haptics.events.size()) << QString::number(m_sheet.isPresented())
-              << m_sheet.copied << QString::number(m_sheet.opened.size()) << QString::number(m_opener.opened)
-              << m_appearance.themeKey() + m_appearance.schemeKey()
-              << QString::number(m_screen->sortAndUndo()->canUndo())
+        const QObject *services[] = {m_screen.get(), m_screen->lists(), m_screen->inputBar(),
+                                     m_screen->sortAndUndo(), &m_appearance, &m_sheet};
+        for (const QObject *part : services)
+            for (int i = QObject::staticMetaObject.propertyCount(); i < part->metaObject()->propertyCount(); ++i)
+                parts << part->metaObject()->property(i).read(part).toString();
+        parts << m_screen->store()->listNames() << m_sheet.copied << QString::number(m_sheet.opened.size())
+              << QString::number(m_haptics.events.size()) << QString::number(m_opener.opened)
               << QString::number(quintptr(m_view->activeFocusItem()));
         for (const auto &[key, iface] : tree())
             parts << key << iface->object()->property("position").toString(); // where a scroll bar stands
@@ -176,7 +168,11 @@ private slots:
     {
         qputenv("QSG_RENDER_LOOP", "basic");
         // Controls give themselves roles once assistive technology is on.
-        QAccessible::installUpdateHandler(recordFocus);
+        QAccessible::installUpdateHandler([](QAccessibleEvent *event) {
+            QAccessibleInterface *iface = event->accessibleInterface();
+            if (iface && event->type() == QAccessible::Focus)
+                announced << iface->text(QAccessible::Name);
+        });
         QAccessible::setActive(true);
         // Qt's AT-SPI bridge comes up, as for a screen reader, once the
         // accessibility bus runs on the test's own session bus.
