@@ -27,13 +27,9 @@ struct Raw
         db.setDatabaseName(dir + u'/' + SqlitePreferencesStore::databaseName());
         db.open();
     }
-    ~Raw()
-    {
-        QSqlDatabase::database(name).close();
-        QSqlDatabase::removeDatabase(name);
-    }
+    ~Raw() { QSqlDatabase::removeDatabase(name); }
     // Runs `sql` with `values` bound; returns the first column of its rows.
-    QVariantList query(const QString &sql, const QVariantList &values)
+    QVariantList query(const QString &sql, const QVariantList &values = {})
     {
         QSqlQuery q(QSqlDatabase::database(name));
         q.prepare(sql);
