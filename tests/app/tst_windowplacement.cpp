@@ -42,7 +42,8 @@ private slots:
         QTest::newRow("straddling") << row(1800, 100, 400, 900) << two << QRect(1920, 100, 400, 900) << false;
         QTest::newRow("past the top left") << row(-50, -30, 400, 900) << two << QRect(0, 0, 400, 900) << false;
         QTest::newRow("its screen is gone") << row(4000, 100, 400, 900) << two << QRect(760, 70, 400, 900) << false;
-        QTest::newRow("beyond any screen") << row(huge, -huge, huge, 600, 7) << two << QRect(0, 220, 1920, 600) << true;
+        QTest::newRow("beyond any screen, any flag")
+            << row(huge, -huge, huge, 600, 7) << two << QRect(0, 220, 1920, 600) << true;
         // At least the minimum size, at most the screen.
         QTest::newRow("too small") << row(10, 10, 100, 100) << two << QRect(10, 10, 320, 560) << false;
         QTest::newRow("too large") << row(0, 0, 2500, 1500) << two << hd << false;
