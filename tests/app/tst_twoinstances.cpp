@@ -48,24 +48,6 @@ class TestTwoInstances : public QObject
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        QVERIFY(m_home.isValid());
-        m_data = m_home.filePath("murvane");
-    }
-
-    void cleanup()
-    {
-        for (QProcess *p : {&m_first, &m_second}) {
-            if (p->state() != QProcess::NotRunning) {
-                p->kill();
-                p->waitForFinished();
-            }
-        }
-        m_home.remove();
-        m_home = QTemporaryDir();
-    }
-
     // With a bus the second launch asks the first to come forward and
     // leaves at once; without one it finds the lock and says the app is
     // already open. Either way the first runs on, its data untouched.
@@ -78,49 +60,40 @@ private slots:
     void secondLaunchLeavesTheFirstAlone()
     {
         QFETCH(bool, bus);
-        start(m_first, environment(bus));
-        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(m_data + "/instance.lock"), 60000);
-        if (bus)
-            QTRY_VERIFY(QDBusConnection::sessionBus().interface()->isServiceRegistered(AppIdentity::appId));
-        const Snapshot before = settled(m_data);
-
-        start(m_second, environment(bus));
-        if (bus) {
-            QVERIFY2(m_second.waitForFinished(5000), "the second launch did not end within 5 s");
-            QCOMPARE(m_second.exitStatus(), QProcess::NormalExit);
-            QCOMPARE(m_second.exitCode(), 0);
-        } else {
-            QByteArray said;
-            QTRY_VERIFY2_WITH_TIMEOUT((said += m_second.readAllStandardError()).contains("Murvane is already open."),
-                                      said.constData(), 5000);
-            QTest::qWait(1000); // a moment to write, for a process that wrongly went on
-        }
-        QCOMPARE(snapshot(m_data), before);
-        QCOMPARE(m_first.state(), QProcess::Running);
-    }
-
-private:
-    QProcessEnvironment environment(bool bus) const
-    {
+        QTemporaryDir home;
+        const QString data = home.filePath("murvane");
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert("XDG_DATA_HOME", m_home.path());
+        env.insert("XDG_DATA_HOME", home.path());
         env.insert("QT_QPA_PLATFORM", "offscreen");
         if (!bus)
             env.insert("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent/bus");
-        return env;
-    }
+        // Should a check fail, each is killed as it goes out of scope.
+        QProcess first, second;
+        for (QProcess *process : {&first, &second})
+            process->setProcessEnvironment(env);
 
-    static void start(QProcess &process, const QProcessEnvironment &env)
-    {
-        process.setProcessEnvironment(env);
-        process.start(QStringLiteral(MURVANE_BINARY), {});
-        QVERIFY(process.waitForStarted());
-    }
+        first.start(QStringLiteral(MURVANE_BINARY), {});
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(data + "/instance.lock"), 60000);
+        if (bus)
+            QTRY_VERIFY(QDBusConnection::sessionBus().interface()->isServiceRegistered(AppIdentity::appId));
+        const Snapshot before = settled(data);
 
-    QTemporaryDir m_home;
-    QString m_data;
-    QProcess m_first;
-    QProcess m_second;
+        second.start(QStringLiteral(MURVANE_BINARY), {});
+        if (bus) {
+            QVERIFY2(second.waitForFinished(5000), "the second launch did not end within 5 s");
+            QCOMPARE(second.exitStatus(), QProcess::NormalExit);
+            QCOMPARE(second.exitCode(), 0);
+        } else {
+            QByteArray said;
+            QTRY_VERIFY2_WITH_TIMEOUT((said += second.readAllStandardError()).contains("Murvane is already open."),
+                                      said.constData(), 5000);
+            QTest::qWait(1000); // a moment to write, for a process that wrongly went on
+        }
+        QCOMPARE(snapshot(data), before);
+        QCOMPARE(first.state(), QProcess::Running);
+        first.kill();
+        first.waitForFinished();
+    }
 };
 
 QTEST_GUILESS_MAIN(TestTwoInstances)

@@ -15,74 +15,57 @@ class TestWindowPlacement : public QObject
     Q_OBJECT
 
 private slots:
+    // What the store holds, fitted onto the screens there are now.
     void placed_data()
     {
-        QTest::addColumn<bool>("hasStored");
-        QTest::addColumn<QRect>("stored");
+        QTest::addColumn<QVariantList>("stored"); // x, y, width, height, maximised as stored; invalid: absent
         QTest::addColumn<QList<QRect>>("screens");
         QTest::addColumn<QRect>("expected");
+        QTest::addColumn<bool>("maximized");
 
         // Full HD above a 40 px panel, and a second screen to its right.
         const QRect hd(0, 0, 1920, 1040);
-        const QRect right(1920, 0, 1280, 1024);
-        const QList<QRect> two{hd, right};
-        QTest::newRow("first run: phone size, centred") << false << QRect() << two << QRect(765, 98, 390, 844);
-        QTest::newRow("first run on a short screen") << false << QRect() << QList<QRect>{QRect(0, 0, 1366, 728)}
-                                                     << QRect(488, 0, 390, 728);
-        QTest::newRow("first run, no screen known") << false << QRect() << QList<QRect>{} << QRect(0, 0, 390, 844);
-        QTest::newRow("a screen without area is passed over") << false << QRect() << QList<QRect>{QRect(), hd}
-                                                               << QRect(765, 98, 390, 844);
-        QTest::newRow("unusable size counts as first run") << true << QRect(5, 5, 0, -4) << two << QRect(765, 98, 390, 844);
-        QTest::newRow("on the primary: kept") << true << QRect(100, 50, 500, 700) << two << QRect(100, 50, 500, 700);
-        QTest::newRow("straddling: onto the screen it covers most") << true << QRect(1800, 100, 400, 900) << two
-                                                                    << QRect(1920, 100, 400, 900);
-        QTest::newRow("past the top left: pulled in") << true << QRect(-50, -30, 400, 900) << two << QRect(0, 0, 400, 900);
-        QTest::newRow("its screen is gone: centred on the primary") << true << QRect(4000, 100, 400, 900) << two
-                                                                    << QRect(760, 70, 400, 900);
-        QTest::newRow("smaller than the layout allows: grown") << true << QRect(10, 10, 100, 100) << two
-                                                               << QRect(10, 10, 320, 560);
-        QTest::newRow("larger than its screen: shrunk onto it") << true << QRect(0, 0, 2500, 1500) << two << hd;
-        QTest::newRow("a screen below the minimum: fills it") << true << QRect(0, 0, 390, 844)
-                                                              << QList<QRect>{QRect(0, 0, 300, 500)} << QRect(0, 0, 300, 500);
+        const QList<QRect> two{hd, QRect(1920, 0, 1280, 1024)};
+        const QRect phone(765, 98, 390, 844);
+        const auto row = [](QVariant x, QVariant y, QVariant w, QVariant h, QVariant m = qint64(0)) {
+            return QVariantList{x, y, w, h, m};
+        };
+        const qint64 huge = qint64(1) << 40;
+        QTest::newRow("first run: phone size, centred") << QVariantList() << two << phone << false;
+        QTest::newRow("first run, no screen") << QVariantList() << QList<QRect>{} << QRect(0, 0, 390, 844) << false;
+        QTest::newRow("screen without area") << QVariantList() << QList<QRect>{QRect(), hd} << phone << false;
+        QTest::newRow("no width: first run") << row(5, 5, 0, 700) << two << phone << false;
+        QTest::newRow("a value missing") << row(0, QVariant(), 500, 700) << two << phone << false;
+        QTest::newRow("on the primary") << row(100, 50, 500, 700) << two << QRect(100, 50, 500, 700) << false;
+        QTest::newRow("maximised") << row(100, 50, 390, 844, 1) << two << QRect(100, 50, 390, 844) << true;
+        // Onto the screen it covers most, else centred on the primary.
+        QTest::newRow("straddling") << row(1800, 100, 400, 900) << two << QRect(1920, 100, 400, 900) << false;
+        QTest::newRow("past the top left") << row(-50, -30, 400, 900) << two << QRect(0, 0, 400, 900) << false;
+        QTest::newRow("its screen is gone") << row(4000, 100, 400, 900) << two << QRect(760, 70, 400, 900) << false;
+        QTest::newRow("beyond any screen, any flag")
+            << row(huge, -huge, huge, 600, 7) << two << QRect(0, 220, 1920, 600) << true;
+        // At least the minimum size, at most the screen.
+        QTest::newRow("too small") << row(10, 10, 100, 100) << two << QRect(10, 10, 320, 560) << false;
+        QTest::newRow("too large") << row(0, 0, 2500, 1500) << two << hd << false;
+        QTest::newRow("screen below the minimum")
+            << row(0, 0, 390, 844) << QList<QRect>{QRect(0, 0, 300, 500)} << QRect(0, 0, 300, 500) << false;
     }
 
     void placed()
     {
-        QFETCH(bool, hasStored);
-        QFETCH(QRect, stored);
+        QFETCH(QVariantList, stored);
         QFETCH(QList<QRect>, screens);
         QFETCH(QRect, expected);
-        QCOMPARE(WindowPlacement::placed(hasStored ? std::optional(stored) : std::nullopt, screens), expected);
-    }
-
-    void storedValues()
-    {
-        const auto row = [](qint64 x, qint64 y, qint64 w, qint64 h, qint64 m) {
-            return QVariantList{QVariant(x), QVariant(y), QVariant(w), QVariant(h), QVariant(m)};
-        };
-        QVariantList missing = row(0, 0, 500, 700, 0), text = missing;
-        missing[1] = QVariant();
-        text[3] = QStringLiteral("700");
-        const qint64 huge = qint64(1) << 40;
-        // x, y, width, height, maximised as stored (invalid: absent), and what is read back.
-        const std::pair<QVariantList, std::optional<Geometry>> cases[] = {
-            {row(-20, 30, 500, 700, 0), Geometry{QRect(-20, 30, 500, 700), false}},
-            {row(0, 0, 390, 844, 1), Geometry{QRect(0, 0, 390, 844), true}},
-            {row(huge, -huge, huge, 600, 7), Geometry{QRect(1'000'000, -1'000'000, 1'000'000, 600), true}},
-            {row(0, 0, 0, 700, 0), std::nullopt},
-            {missing, std::nullopt},
-            {text, std::nullopt},
-        };
-        const QStringList keys{QStringLiteral("windowX"), QStringLiteral("windowY"), QStringLiteral("windowWidth"),
-                               QStringLiteral("windowHeight"), QStringLiteral("windowMaximized")};
-        for (const auto &[values, read] : cases) {
-            MemoryPreferencesStore store;
-            for (int i = 0; i < keys.size(); ++i) {
-                if (values[i].isValid())
-                    store.setRawForTest(keys[i], values[i]);
-            }
-            QCOMPARE(WindowPlacement(store, WindowMode::Window).stored(), read);
+        QFETCH(bool, maximized);
+        const QStringList keys{"windowX", "windowY", "windowWidth", "windowHeight", "windowMaximized"};
+        MemoryPreferencesStore store;
+        for (int i = 0; i < stored.size(); ++i) {
+            if (stored[i].isValid())
+                store.setInteger(keys[i], stored[i].toLongLong());
         }
+        const std::optional<Geometry> read = WindowPlacement(store, WindowMode::Window).stored();
+        QCOMPARE(WindowPlacement::placed(read ? std::optional(read->normal) : std::nullopt, screens), expected);
+        QCOMPARE(read && read->maximized, maximized);
     }
 
     // Through a real window: the first run opens at phone size; what the
@@ -107,7 +90,6 @@ private slots:
             QTRY_VERIFY(!movedX.isEmpty() && !resized.isEmpty());
             window.hide();
         }
-        QCOMPARE(WindowPlacement(store, WindowMode::Window).stored(), (Geometry{moved, false}));
         {
             WindowPlacement placement(store, WindowMode::Window);
             QWindow window;

@@ -1,8 +1,10 @@
 #include "MarkedItems.h"
 #include "model/ItemsCodec.h"
 #include "model/ListItems.h"
+#include "model/UndoStack.h"
 #include "platform/preferences/MemoryPreferencesStore.h"
 
+#include <QJsonDocument>
 #include <QSet>
 #include <QSignalSpy>
 #include <QTemporaryFile>
@@ -10,6 +12,8 @@
 #include <cstdio>
 #include <functional>
 #include <unistd.h>
+
+using namespace ItemsCodec;
 
 namespace {
 
@@ -22,31 +26,6 @@ ItemList parse(const QString &notation)
 QString notation(const ItemList &list)
 {
     return markedTexts(list).join(u' ');
-}
-
-QSet<QUuid> ids(const ItemList &list)
-{
-    QSet<QUuid> out;
-    for (const ListItem &i : list)
-        out << i.id;
-    return out;
-}
-
-// What `run` returns, and what it printed on standard output meanwhile.
-template<typename F>
-auto capturingStdout(F run)
-{
-    std::fflush(stdout);
-    QTemporaryFile capture;
-    capture.open();
-    const int saved = dup(fileno(stdout));
-    dup2(capture.handle(), fileno(stdout));
-    auto result = run();
-    std::fflush(stdout);
-    dup2(saved, fileno(stdout));
-    close(saved);
-    capture.seek(0);
-    return std::pair{result, capture.readAll()};
 }
 
 // A store over memory with one list holding the given items.
@@ -153,25 +132,33 @@ private slots:
         }
     }
 
+    // Any decoding failure, whatever its class (see decodes()), is handled alike.
     void unreadableItemsLeaveEmptyListsAndKeepTheBytes()
     {
-        const QByteArray unknownState =
-            R"([[{"id":"3F2504E0-4F89-41D3-9A0C-0305E82C3301","text":"a","state":"Done","isPinned":false}]])";
-        for (const QByteArray &bytes : {QByteArray("garbage"), unknownState}) {
-            MemoryPreferencesStore prefs;
-            prefs.setStringList(PreferenceKeys::listNames, {QStringLiteral("A"), QStringLiteral("B")});
-            prefs.setData(PreferenceKeys::items, bytes);
-            prefs.resetWriteLog();
-            // Exactly one diagnostic line on standard output.
-            const auto [loaded, out] = capturingStdout([&] { return ListItems(prefs).items(); });
-            QVERIFY2(out.startsWith("Error decoding items: ") && out.count('\n') == 1 && out.endsWith('\n'),
-                     out.constData());
-            QCOMPARE(loaded, QList<ItemList>(2));
-            // Nothing is written, and a copy is kept before the next save replaces them.
-            QCOMPARE(prefs.writeCount(), 0);
-            QCOMPARE(*prefs.data(PreferenceKeys::items), bytes);
-            QCOMPARE(prefs.copies(), (QList<std::pair<QString, QVariant>>{{PreferenceKeys::items, bytes}}));
-        }
+        const QByteArray bytes = "garbage";
+        MemoryPreferencesStore prefs;
+        prefs.setStringList(PreferenceKeys::listNames, {QStringLiteral("A"), QStringLiteral("B")});
+        prefs.setData(PreferenceKeys::items, bytes);
+        prefs.resetWriteLog();
+        // Exactly one diagnostic line on standard output.
+        std::fflush(stdout);
+        QTemporaryFile capture;
+        QVERIFY(capture.open());
+        const int saved = dup(STDOUT_FILENO);
+        dup2(capture.handle(), STDOUT_FILENO);
+        const QList<ItemList> loaded = ListItems(prefs).items();
+        std::fflush(stdout);
+        dup2(saved, STDOUT_FILENO);
+        close(saved);
+        capture.seek(0);
+        const QByteArray out = capture.readAll();
+        QVERIFY2(out.startsWith("Error decoding items: ") && out.count('\n') == 1 && out.endsWith('\n'),
+                 out.constData());
+        QCOMPARE(loaded, QList<ItemList>(2));
+        // Nothing is written, and a copy is kept before the next save replaces them.
+        QCOMPARE(prefs.writeCount(), 0);
+        QCOMPARE(*prefs.data(PreferenceKeys::items), bytes);
+        QCOMPARE(prefs.copies(), (QList<std::pair<QString, QVariant>>{{PreferenceKeys::items, bytes}}));
     }
 
     void operations_data()
@@ -210,7 +197,6 @@ private slots:
 
         // Text sorts ignore case and keep equal texts in order; status sorts
         // ignore the direction; the pinned block sorts on its own.
-        QTest::newRow("text ascending") << "b A c" << sort(true, true) << "A b c";
         QTest::newRow("text descending") << "b A c" << sort(false, true) << "c b A";
         QTest::newRow("text stable") << "*z *x b a B é f" << sort(true, true) << "*x *z a b B é f";
         QTest::newRow("status ascending") << "*+p +1 2 +3 4" << sort(true, false) << "*+p 2 4 +1 +3";
@@ -232,6 +218,12 @@ private slots:
         QCOMPARE(notation(f.list()), after);
         QCOMPARE(f.stored(), after);
         // Nothing added or removed: the same items, ids kept.
+        const auto ids = [](const ItemList &list) {
+            QSet<QUuid> out;
+            for (const ListItem &i : list)
+                out << i.id;
+            return out;
+        };
         if (f.list().size() == initial.size())
             QCOMPARE(ids(f.list()), ids(initial));
     }
@@ -268,25 +260,142 @@ private slots:
         QCOMPARE(notation(f.list()), QStringLiteral("a b"));
     }
 
-    // What each list operation writes; the screen's tests cover the rest.
+    // What list operations write; the screen's tests cover the rest.
     void listOperationsWriteOnlyWhatTheyChange()
     {
         MemoryPreferencesStore prefs;
         ListItems store(prefs);
         prefs.resetWriteLog();
-        // Marking all writes even an empty list.
+        // Marking all writes even an empty list; a rename saves names only.
         store.setAllStates(0, ListItemState::toDo);
-        QCOMPARE(prefs.writtenKeys(), QStringList{PreferenceKeys::items});
-        store.addItem(ListItem::create(QStringLiteral("in list 4")), 4);
-        store.addList();
-        QCOMPARE(store.listNames().mid(0, 2), QStringList({"New List", "To Do List\u2714"}));
-        QCOMPARE(store.items()[5].first().text, QStringLiteral("in list 4"));
-        store.deleteList(4);
-        QCOMPARE(store.items()[4].first().text, QStringLiteral("in list 4")); // the next list moved in
-        prefs.resetWriteLog();
         store.renameList(0, QString());
         QCOMPARE(store.listNames()[0], QString());
-        QCOMPARE(prefs.writtenKeys(), QStringList{PreferenceKeys::listNames}); // rename saves names only
+        QCOMPARE(prefs.writtenKeys(), (QStringList{PreferenceKeys::items, PreferenceKeys::listNames}));
+    }
+
+    // Undo applies by list position, not identity: an item comes back where
+    // it was, even inside what is now the pinned block, and unpinned.
+    void undoAppliesByPositionOrDropsTheEntry()
+    {
+        using namespace UndoActions;
+        Fixture f(QStringLiteral("a b c d e f"));
+        UndoStack stack;
+        stack.push(DeleteItem{0, 3, f.list()[3]});
+        f.store->deleteItems({3}, 0);
+        for (const ListItem &i : f.list())
+            f.store->setPinned(true, i.id, 0);
+        QVERIFY(stack.undo(*f.store).applied);
+        QCOMPARE(notation(f.list()), QStringLiteral("*a *b *c d *e *f"));
+
+        // An entry for list 11 applies once the lists deleted before it are
+        // back; with them really gone it is dropped.
+        MemoryPreferencesStore prefs;
+        ListItems store(prefs);
+        const auto deleteFirstOf11 = [&] {
+            stack.push(DeleteItem{11, 0, store.items()[11][0]});
+            store.deleteItems({0}, 11);
+        };
+        store.addItem(ListItem::create(QStringLiteral("in 11")), 11);
+        deleteFirstOf11();
+        for (int i = 0; i < 3; ++i) {
+            stack.push(DeleteList{0, store.listNames()[0], store.items()[0]});
+            store.deleteList(0);
+        }
+        for (int i = 0; i < 4; ++i)
+            QVERIFY(stack.undo(store).applied);
+        QCOMPARE(store.items()[11].first().text, QStringLiteral("in 11"));
+        deleteFirstOf11();
+        store.deleteList(11);
+        store.deleteList(10);
+        // Entries with positions beyond what exists, or negative, are dropped too.
+        const ListItem x = ListItem::create(QStringLiteral("x"));
+        for (const UndoAction &bad : {UndoAction(DeleteItem{2, 1, x}), UndoAction(DeleteItem{2, -1, x}),
+                                      UndoAction(DeleteItem{-2, 0, x}), UndoAction(DeleteList{50, {}, {}}),
+                                      UndoAction(DeleteList{-1, {}, {}}), UndoAction(SortList{-1, {}}),
+                                      UndoAction(MarkAll{40, {}}), UndoAction(MarkAll{-3, {}})})
+            stack.push(bad);
+        prefs.resetWriteLog();
+        // The tenth undo finds the stack empty.
+        for (int i = 0; i < 10; ++i)
+            QVERIFY(!stack.undo(store).applied);
+        QVERIFY(stack.isEmpty());
+        QCOMPARE(prefs.writeCount(), 0);
+        QCOMPARE(store.listNames().size(), 10);
+    }
+
+    void encodesKeysInOrderWithUpperCaseUuid()
+    {
+        const QUuid id(QStringLiteral("{3f2504e0-4f89-41d3-9a0c-0305e82c3301}"));
+        QCOMPARE(encodeList({ListItem{id, QStringLiteral("Bread"), ListItemState::done, true}}),
+                 QByteArray(R"([{"id":"3F2504E0-4F89-41D3-9A0C-0305E82C3301","text":"Bread","state":"done","isPinned":true}])"));
+        QCOMPARE(encode({{}, {}}), QByteArray("[[],[]]"));
+    }
+
+    void roundTripsAwkwardTexts_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("empty") << QString();
+        QTest::newRow("emoji") << QStringLiteral("Camping 🔥 and ✈️ and 👩‍👩‍👧");
+        QTest::newRow("quotes and backslashes") << QStringLiteral("say \"hi\" C:\\path \\u0041");
+        QTest::newRow("line breaks") << QStringLiteral("one\ntwo\r\nthree\tfour");
+        QTest::newRow("controls") << QString::fromUtf16(u"a\u0001b\u001fc\u007f \u2028");
+    }
+    void roundTripsAwkwardTexts()
+    {
+        QFETCH(QString, text);
+        const ListItem done{QUuid::createUuid(), text, ListItemState::done, true};
+        const QList<ItemList> lists{{ListItem::create(text), done}, {}};
+        const QByteArray json = encode(lists);
+        // What we write must be plain valid JSON that any reader accepts.
+        QJsonParseError err;
+        QJsonDocument::fromJson(json, &err);
+        QCOMPARE(err.error, QJsonParseError::NoError);
+        const auto decoded = decode(json);
+        QVERIFY(std::holds_alternative<QList<ItemList>>(decoded));
+        QCOMPARE(std::get<QList<ItemList>>(decoded), lists);
+    }
+
+    // Any key order, extra keys and lower-case ids are read; anything else
+    // malformed spoils the whole document.
+    void decodes_data()
+    {
+        QTest::addColumn<QByteArray>("json");
+        QTest::addColumn<bool>("valid");
+        const auto item = [](const QByteArray &fields) { return "[[{" + fields + "}]]"; };
+        const QByteArray id = R"("id":"3F2504E0-4F89-41D3-9A0C-0305E82C3301")";
+        const auto one = [&](const char *rest) { return item(id + rest); };
+        QTest::newRow("key order, extra key, lower case")
+            << item(R"("isPinned":false,"x":1,"state":"toDo","text":"a","id":"3f2504e0-4f89-41d3-9a0c-0305e82c3301")")
+            << true;
+        QTest::newRow("not json") << QByteArray("[[{") << false;
+        QTest::newRow("empty bytes") << QByteArray() << false;
+        QTest::newRow("invalid utf-8") << one(",\"text\":\"\xff\xfe\",\"state\":\"toDo\",\"isPinned\":false") << false;
+        QTest::newRow("top is object") << QByteArray("{}") << false;
+        QTest::newRow("list is object") << QByteArray("[{}]") << false;
+        QTest::newRow("item is string") << QByteArray("[[\"x\"]]") << false;
+        QTest::newRow("missing id") << item(R"("text":"a","state":"toDo","isPinned":false)") << false;
+        QTest::newRow("missing text") << one(R"(,"state":"toDo","isPinned":false)") << false;
+        QTest::newRow("missing state") << one(R"(,"text":"a","isPinned":false)") << false;
+        QTest::newRow("missing isPinned") << one(R"(,"text":"a","state":"toDo")") << false;
+        QTest::newRow("state Done") << one(R"(,"text":"a","state":"Done","isPinned":false)") << false;
+        QTest::newRow("pinned as string") << one(R"(,"text":"a","state":"toDo","isPinned":"false")") << false;
+        QTest::newRow("text as number") << one(R"(,"text":1,"state":"toDo","isPinned":false)") << false;
+        QTest::newRow("bad uuid") << item(R"("id":"not-a-uuid","text":"a","state":"toDo","isPinned":false)") << false;
+        QTest::newRow("braced uuid")
+            << item(R"("id":"{3F2504E0-4F89-41D3-9A0C-0305E82C3301}","text":"a","state":"toDo","isPinned":false)")
+            << false;
+        QTest::newRow("one bad item among good")
+            << item(id + R"(,"text":"a","state":"toDo","isPinned":false}],[{)" + id
+                    + R"(,"text":"b","state":"doing","isPinned":false)")
+            << false;
+    }
+    void decodes()
+    {
+        QFETCH(QByteArray, json);
+        QFETCH(bool, valid);
+        const auto decoded = decode(json);
+        QCOMPARE(std::holds_alternative<QList<ItemList>>(decoded), valid);
+        QVERIFY(valid || !std::get<QString>(decoded).isEmpty());
     }
 };
 

@@ -28,13 +28,7 @@ namespace {
 constexpr int templateItems = 10000;
 
 // What a test compares: every key the operations write.
-struct Snapshot
-{
-    std::optional<QStringList> names;
-    std::optional<QByteArray> items;
-    std::optional<qint64> selection;
-    bool operator==(const Snapshot &) const = default;
-};
+using Snapshot = std::tuple<std::optional<QStringList>, std::optional<QByteArray>, std::optional<qint64>>;
 
 Snapshot snapshot(const PreferencesStore &p)
 {
@@ -173,8 +167,6 @@ private slots:
             : 200;
         auto *rng = QRandomGenerator::global();
         const QString db = SqlitePreferencesStore::databaseName();
-        int inFlightLanded = 0;
-        int totalAcks = 0;
         for (int round = 0; round < rounds; ++round) {
             const QString dir = m_dir.filePath(QStringLiteral("round"));
             QDir(dir).removeRecursively();
@@ -198,13 +190,12 @@ private slots:
             int acked = 0;
             for (const QByteArray &line : out.split('\n'))
                 acked = std::max(acked, line.toInt());
-            totalAcks += acked;
 
             // The acknowledged state and the one after the operation in flight.
             MemoryPreferencesStore replay;
-            replay.setStringList(PreferenceKeys::listNames, *m_start.names);
-            replay.setData(PreferenceKeys::items, *m_start.items);
-            replay.setInteger(PreferenceKeys::selectedListIndex, *m_start.selection);
+            replay.setStringList(PreferenceKeys::listNames, *std::get<0>(m_start));
+            replay.setData(PreferenceKeys::items, *std::get<1>(m_start));
+            replay.setInteger(PreferenceKeys::selectedListIndex, *std::get<2>(m_start));
             ListItems replayed(replay);
             Script script(seed);
             for (int k = 0; k < acked; ++k) {
@@ -214,20 +205,14 @@ private slots:
             const Snapshot acknowledged = snapshot(replay);
             script.step(replayed, replay);
             const Snapshot inFlight = snapshot(replay);
-            replayed.saveItems();
-            QCOMPARE(ListItems(replay).items(), replayed.items()); // what is saved reads back equal
 
             SqlitePreferencesStore reopened(dir);
             QVERIFY(reopened.isOpen());
             QVERIFY2(reopened.status().message().isEmpty(), qPrintable(reopened.status().message()));
             const Snapshot found = snapshot(reopened);
-            if (found == inFlight)
-                ++inFlightLanded;
             QVERIFY2(found == acknowledged || found == inFlight,
                      qPrintable(QStringLiteral("round %1, seed %2, %3 acknowledged").arg(round).arg(seed).arg(acked)));
         }
-        qInfo("%d rounds, %d acknowledged operations, %d in-flight operations found committed", rounds, totalAcks,
-              inFlightLanded);
     }
 };
 

@@ -2,11 +2,9 @@
 #include "platform/FeedbackdHaptics.h"
 
 #include <QDBusConnection>
-#include <QDBusConnectionInterface>
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -22,8 +20,7 @@ public:
 public slots:
     uint TriggerFeedback(const QString &appId, const QString &event, const QVariantMap &hints, int timeout)
     {
-        const QString profile = hints.value(QStringLiteral("profile")).toString();
-        calls << QStringLiteral("%1, %2, %3, %4").arg(appId, event, profile).arg(timeout);
+        calls << QStringLiteral("%1, %2, %3, %4").arg(appId, event, hints.value("profile").toString()).arg(timeout);
         return uint(calls.size());
     }
 };
@@ -32,13 +29,14 @@ class TestFeedbackdHaptics : public QObject
 {
     Q_OBJECT
 
+    QTemporaryDir m_dir;
+    QProcess m_daemon;
+    QString m_address;
+
 private slots:
+    // A bus of the test's own: a session bus would start an installed feedbackd.
     void initTestCase()
     {
-        const QString daemon = QStandardPaths::findExecutable(QStringLiteral("dbus-daemon"));
-        if (daemon.isEmpty())
-            QSKIP("dbus-daemon is not installed");
-        QVERIFY(m_dir.isValid());
         const QString config = m_dir.filePath(QStringLiteral("bus.conf"));
         QFile file(config);
         QVERIFY(file.open(QIODevice::WriteOnly));
@@ -49,46 +47,22 @@ private slots:
                        .arg(m_dir.path())
                        .toUtf8());
         file.close();
-        m_daemon.start(daemon, {QStringLiteral("--config-file=") + config, QStringLiteral("--nofork"),
-                                QStringLiteral("--print-address=1")});
-        QVERIFY(m_daemon.waitForStarted());
-        QVERIFY(m_daemon.waitForReadyRead(5000));
+        const QStringList arguments{"--config-file=" + config, "--nofork", "--print-address=1"};
+        m_daemon.start(QStringLiteral("dbus-daemon"), arguments);
+        QVERIFY2(m_daemon.waitForReadyRead(5000), "dbus-daemon did not start");
         m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
-        QVERIFY(!m_address.isEmpty());
     }
 
     void cleanupTestCase()
     {
-        if (m_daemon.state() != QProcess::NotRunning) {
-            m_daemon.terminate();
-            m_daemon.waitForFinished(3000);
-        }
+        m_daemon.kill();
+        m_daemon.waitForFinished();
     }
 
-    void cleanup()
-    {
-        // Each test starts without the service on the bus.
-        QDBusConnection service = QDBusConnection::connectToBus(m_address, QStringLiteral("service"));
-        service.unregisterService(FeedbackdHaptics::serviceName);
-        service.unregisterObject(FeedbackdHaptics::objectPath);
-    }
-
-    void eventsReachTheDaemon()
-    {
-        FakeFeedbackd daemon;
-        publish(daemon);
-        FeedbackdHaptics haptics(QDBusConnection::connectToBus(m_address, QStringLiteral("client1")));
-        haptics.lightImpact();
-        haptics.successNotification();
-        QTRY_COMPARE(daemon.calls.size(), 2);
-        const QString app = AppIdentity::appId;
-        QCOMPARE(daemon.calls, QStringList({app + QStringLiteral(", button-pressed, quiet, -1"),
-                                            app + QStringLiteral(", message-sent-instant, quiet, -1")}));
-        QTRY_COMPARE(haptics.pendingCalls(), 0);
-        QVERIFY(haptics.isAvailable());
-    }
-
-    void missingDaemonOrBusIsNoticedOnceAndQuietly()
+    // Without the daemon, or without a bus, the first haptic finds out, once
+    // and quietly, and nothing more goes out; once it starts, each event
+    // reaches it.
+    void eventsReachTheDaemonWhenThereIsOne()
     {
         QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
         FeedbackdHaptics offline(QDBusConnection(QStringLiteral("never connected")));
@@ -96,36 +70,25 @@ private slots:
         QVERIFY(!offline.isAvailable());
         QCOMPARE(offline.pendingCalls(), 0);
 
-        FeedbackdHaptics haptics(QDBusConnection::connectToBus(m_address, QStringLiteral("client2")));
+        FeedbackdHaptics haptics(QDBusConnection::connectToBus(m_address, QStringLiteral("client")));
         haptics.lightImpact();
         QTRY_VERIFY(!haptics.isAvailable());
         QTRY_COMPARE(haptics.pendingCalls(), 0);
-        // Known absent: later haptics do not even go out.
-        for (int i = 0; i < 5; ++i)
-            haptics.successNotification();
+        haptics.successNotification();
         QCOMPARE(haptics.pendingCalls(), 0);
 
-        // The daemon starts: haptics come back.
         FakeFeedbackd daemon;
-        publish(daemon);
-        QTRY_VERIFY(haptics.isAvailable());
-        haptics.lightImpact();
-        QTRY_COMPARE(daemon.calls.size(), 1);
-        QVERIFY(daemon.calls[0].contains(QStringLiteral("button-pressed")));
-    }
-
-private:
-    void publish(FakeFeedbackd &daemon)
-    {
         QDBusConnection service = QDBusConnection::connectToBus(m_address, QStringLiteral("service"));
-        QVERIFY(service.isConnected());
         QVERIFY(service.registerObject(FeedbackdHaptics::objectPath, &daemon, QDBusConnection::ExportAllSlots));
         QVERIFY(service.registerService(FeedbackdHaptics::serviceName));
+        QTRY_VERIFY(haptics.isAvailable());
+        haptics.lightImpact();
+        haptics.successNotification();
+        const QString app = AppIdentity::appId;
+        QTRY_COMPARE(daemon.calls, QStringList({app + QStringLiteral(", button-pressed, quiet, -1"),
+                                                app + QStringLiteral(", message-sent-instant, quiet, -1")}));
+        QTRY_COMPARE(haptics.pendingCalls(), 0);
     }
-
-    QTemporaryDir m_dir;
-    QProcess m_daemon;
-    QString m_address;
 };
 
 QTEST_GUILESS_MAIN(TestFeedbackdHaptics)

@@ -1,8 +1,8 @@
 #include "decor/GlobeGeometry.h"
 #include "decor/GlobeScene.h"
+#include "decor/TutorialContent.h"
 
 #include <QSet>
-
 #include <QTest>
 
 #include <cmath>
@@ -12,18 +12,43 @@ using Variant = GlobeScene::Variant;
 using Kind = GlobeScene::NodeKind;
 Q_DECLARE_METATYPE(GlobeScene::Variant)
 
-namespace {
-double distance(const GlobeScene::Position &p, double x, double y, double z)
-{
-    return std::hypot(p.x - x, p.y - y, p.z - z);
-}
-} // namespace
-
-class TestGlobeScene : public QObject
+// The tutorial's texts and the globes' scenes.
+class TestDecor : public QObject
 {
     Q_OBJECT
 
 private slots:
+    void tutorialTextsAreExact()
+    {
+        QCOMPARE(TutorialContent::navigationTitle(), u"Tutorial");
+        QCOMPARE(TutorialContent::doneLabel(), u"Done");
+        QCOMPARE(TutorialContent::title(), u"Welcome to Murvane!");
+        QCOMPARE(TutorialContent::intro(), u"Here’s a quick guide to help you get started:");
+        // Every section; straight quotes in 1, 3 and 4, typographic ones elsewhere.
+        const QStringList table[] = {
+            {"plus.circle", "Creating a New List", "Tap the \"+\" button at the top-right to create a brand new list. You can keep multiple lists for different areas of your life."},
+            {"square.and.pencil", "Renaming a List", "Need a better name? Tap the list’s title at the top to edit it in place, then press return to confirm."},
+            {"text.badge.plus", "Adding Items", "Use the input bar at the bottom to add items to your selected list. Type the item’s name, then tap \"Add\" to save."},
+            {"highlighter", "Editing an Existing Item", "To correct or rename an item, tap its text in the list. The input bar will pre-fill that item’s text. Make your changes, then tap \"Update\" to save."},
+            {"pin", "Pin & Unpin", "Swipe an item from left to right to reveal “Pin.” Pinned items float to the top. Swipe again to unpin."},
+            {"largecircle.fill.circle", "Mark Items as Done", "Tap the circle on the right to mark an item as completed. Tap again to switch it back to “To-Do.”"},
+            {"trash", "Delete Items", "Swipe any item from right to left to remove it. This is great for clearing out tasks you no longer need."},
+            {"arrow.left.and.right.circle", "Reordering Entire Lists", "Tap the “<<” or “>>” arrow buttons at the top to move the current list left or right in your list header row."},
+            {"arrow.up.arrow.down.circle", "Sort & Rearrange Items", "Use “ABC” or “↑↓” at the bottom to sort items by text or status. You can also long-press and drag items to reorder them manually."},
+            {"paintbrush", "Themes & Appearance", "Use the Murvane menu button at the bottom to pick a theme, or toggle dark/light mode with the moon icon."},
+            {"minus.circle", "Deleting an Entire List", "Tap the minus button in the top bar. After confirming, the currently selected list will be removed completely."},
+            {"square.and.arrow.up", "Share a List", "Want to send your list to family or friends? Tap the share icon at the bottom right to export it."},
+            {"arrow.uturn.backward.circle", "Undo Actions", "Need to revert a deletion or list sort? Tap the arrow icon on the input bar. It restores deleted items, whole lists, or reverts sorts."},
+            {"star.bubble", "We Value Your Feedback", "We’d love to hear from you! Use the “Rate Murvane!” option or send us suggestions anytime."},
+            {"party.popper", "Have Fun!", "That’s it! We hope Murvane makes your life simpler. Thank you for using it!"},
+        };
+        QCOMPARE(TutorialContent::sections().size(), qsizetype(std::size(table)));
+        for (int i = 0; i < int(std::size(table)); ++i) {
+            const TutorialContent::Section &section = TutorialContent::sections().at(i);
+            QCOMPARE(QStringList({section.icon, section.heading, section.text}), table[i]);
+        }
+    }
+
     void variantsLayOutTheirDotsOnTheSphere_data()
     {
         QTest::addColumn<Variant>("variant");
@@ -41,16 +66,10 @@ private slots:
         QFETCH(double, fieldOfView);
         const GlobeScene scene(variant);
         QCOMPARE(scene.fieldOfViewDegrees(), fieldOfView);
-        QCOMPARE(scene.dotCount(), dots);
-
         // The dots hang under the spin node when the globe turns, else
         // straight under the tilt node.
-        const auto &nodes = scene.nodes();
-        QCOMPARE(nodes[scene.tiltIndex()].parent, scene.rootIndex());
         QCOMPARE(scene.childCount(scene.tiltIndex(), Kind::Spin), variant == Variant::Animated ? 1 : 0);
-        const int dotParent = scene.spins() ? scene.spinIndex() : scene.tiltIndex();
-        QCOMPARE(nodes[dotParent].parent, scene.spins() ? scene.tiltIndex() : scene.rootIndex());
-        QCOMPARE(scene.childCount(dotParent, Kind::Dot), dots);
+        QCOMPARE(scene.childCount(scene.spins() ? scene.spinIndex() : scene.tiltIndex(), Kind::Dot), dots);
 
         // Rings evenly spaced from pole to pole, dots evenly spaced around
         // each ring, all on the sphere.
@@ -62,8 +81,9 @@ private slots:
             const auto &p = positions[k];
             const double lat = -pi / 2 + double(k / perRing) * pi / (rings - 1);
             const double lon = double(k % perRing) * 2 * pi / perRing;
-            QVERIFY(distance(p, 55 * std::cos(lat) * std::cos(lon), 55 * std::sin(lat),
-                             55 * std::cos(lat) * std::sin(lon)) < 1e-4);
+            QVERIFY(std::hypot(p.x - 55 * std::cos(lat) * std::cos(lon), p.y - 55 * std::sin(lat),
+                               p.z - 55 * std::cos(lat) * std::sin(lon))
+                    < 1e-4);
         }
     }
 
@@ -91,7 +111,6 @@ private slots:
         const auto &node = scene.nodes()[scene.cameraIndex()].position;
         QCOMPARE(QVector3D(float(node.x), float(node.y), float(node.z)), fixed);
         QCOMPARE(GlobeScene::cameraPosition(), fixed);
-
         const GlobeScene::CameraTurn turn = GlobeScene::turned({}, dx, dy, 600);
         QVERIFY(std::abs(turn.yaw - yaw) < 1e-3f);
         QVERIFY(std::abs(turn.pitch - pitch) < 1e-3f);
@@ -115,15 +134,19 @@ private slots:
         const GlobeScene turning(Variant::Animated);
         const GlobeScene still(Variant::Static);
         const float s = 55 * std::sqrt(0.5f);
-        for (const float spin : {0.0f, 90.0f, 200.0f}) {
-            const QMatrix4x4 dots = turning.worldTransform(turning.dotParentIndex(), spin);
-            QVERIFY((dots.map(QVector3D(0, 55, 0)) - QVector3D(0, s, -s)).length() < 1e-3f);
-            QVERIFY((dots.map(QVector3D(0, -55, 0)) - QVector3D(0, -s, s)).length() < 1e-3f);
-            QCOMPARE(still.worldTransform(still.dotParentIndex(), spin), still.worldTransform(still.dotParentIndex(), 0));
+        // Where a pole and a point on the equator go at each spin.
+        const struct
+        {
+            float spin;
+            QVector3D from, to;
+        } cases[] = {{0, {0, 55, 0}, {0, s, -s}},   {200, {0, 55, 0}, {0, s, -s}},
+                     {90, {0, -55, 0}, {0, -s, s}}, {90, {55, 0, 0}, {0, -s, -s}}};
+        const int stillDots = still.dotParentIndex();
+        for (const auto &c : cases) {
+            const QMatrix4x4 dots = turning.worldTransform(turning.dotParentIndex(), c.spin);
+            QVERIFY((dots.map(c.from) - c.to).length() < 1e-3f);
+            QCOMPARE(still.worldTransform(stillDots, c.spin), still.worldTransform(stillDots, 0));
         }
-        const QVector3D onEquator(55, 0, 0);
-        const QMatrix4x4 quarter = turning.worldTransform(turning.dotParentIndex(), 90);
-        QVERIFY((quarter.map(onEquator) - QVector3D(0, -s, -s)).length() < 1e-3f);
     }
 
     // Camera, projection and layout together: the globe is as large as its
@@ -161,34 +184,29 @@ private slots:
     // over each square.
     void geometryHoldsEveryDotOfTheScene()
     {
-        for (const Variant variant : {Variant::Animated, Variant::Static}) {
-            const GlobeScene scene(variant);
-            GlobeGeometry geometry(scene);
-            geometry.setItemSize(QSizeF(390, 650));
-            const auto dots = scene.dotPositions();
-            const int n = int(dots.size());
-            QCOMPARE(geometry.vertexCount(), 2 * n * 4);
-            QCOMPARE(geometry.indexCount(), 2 * n * 6);
-            const GlobeGeometry::Vertex *v = geometry.vertices();
-            const quint16 *index = geometry.indexDataAsUShort();
-            for (int k = 0; k < 2 * n; ++k) {
-                const auto &dot = dots[size_t(k % n)];
-                QSet<QPair<float, float>> corners;
-                for (int c = 0; c < 4; ++c) {
-                    const GlobeGeometry::Vertex &vertex = v[k * 4 + c];
-                    QCOMPARE(QVector3D(vertex.x, vertex.y, vertex.z), QVector3D(float(dot.x), float(dot.y), float(dot.z)));
-                    QCOMPARE(vertex.nearHalf, k < n ? 0.0f : 1.0f);
-                    corners.insert({vertex.cornerX, vertex.cornerY});
-                }
-                QCOMPARE(corners, (QSet<QPair<float, float>>{{0, 0}, {390, 0}, {0, 650}, {390, 650}}));
-                QSet<int> used;
-                for (int i = 0; i < 6; ++i)
-                    used.insert(index[k * 6 + i] - k * 4);
-                QCOMPARE(used, (QSet<int>{0, 1, 2, 3})); // this square's own corners, all of them
+        const GlobeScene scene(Variant::Static);
+        GlobeGeometry geometry(scene);
+        geometry.setItemSize(QSizeF(390, 650));
+        const auto dots = scene.dotPositions();
+        const int n = int(dots.size());
+        QCOMPARE(geometry.vertexCount(), 2 * n * 4);
+        QCOMPARE(geometry.indexCount(), 2 * n * 6);
+        for (int k = 0; k < 2 * n; ++k) {
+            const auto &dot = dots[size_t(k % n)];
+            QSet<QPair<float, float>> corners;
+            QSet<int> used;
+            for (int c = 0; c < 6; ++c) {
+                const GlobeGeometry::Vertex &vertex = geometry.vertices()[k * 4 + c % 4];
+                QCOMPARE(QVector3D(vertex.x, vertex.y, vertex.z), QVector3D(float(dot.x), float(dot.y), float(dot.z)));
+                QCOMPARE(vertex.nearHalf, k < n ? 0.0f : 1.0f);
+                corners.insert({vertex.cornerX, vertex.cornerY});
+                used.insert(geometry.indexDataAsUShort()[k * 6 + c] - k * 4);
             }
+            QCOMPARE(corners, (QSet<QPair<float, float>>{{0, 0}, {390, 0}, {0, 650}, {390, 650}}));
+            QCOMPARE(used, (QSet<int>{0, 1, 2, 3})); // this square's own corners, all of them
         }
     }
 };
 
-QTEST_MAIN(TestGlobeScene)
-#include "tst_globescene.moc"
+QTEST_MAIN(TestDecor)
+#include "tst_decor.moc"
