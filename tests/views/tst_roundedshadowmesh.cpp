@@ -33,8 +33,7 @@ std::optional<qreal> meshCoverage(const RoundedShadowMesh::Mesh &mesh, QPointF p
             continue;
         const qreal u = (ap.x() * ac.y() - ap.y() * ac.x()) / det;
         const qreal v = (ab.x() * ap.y() - ab.y() * ap.x()) / det;
-        constexpr qreal slack = -1e-9;
-        if (u >= slack && v >= slack && u + v <= 1 - slack)
+        if (u >= -1e-9 && v >= -1e-9 && u + v <= 1 + 1e-9)
             return a.coverage + u * (b.coverage - a.coverage) + v * (c.coverage - a.coverage);
     }
     return std::nullopt;
@@ -47,67 +46,41 @@ class TestRoundedShadowMesh : public QObject
     Q_OBJECT
 
 private slots:
-    void coverage_data()
+    // For the shapes the app's shadows take and the clamp's edge cases:
+    // every vertex carries the blur's strength where it stands, and
+    // everywhere the shadow shows the mesh is drawn within a colour step
+    // of the blur, so no holes and no rings too far apart.
+    void meshFollowsTheBlur()
     {
-        QTest::addColumn<qreal>("distance");
-        QTest::addColumn<qreal>("sigma");
-        QTest::addColumn<qreal>("expected");
-        QTest::newRow("on the outline") << 0.0 << 5.0 << 0.5;
-        QTest::newRow("one sigma out") << 5.0 << 5.0 << 0.158655;
-        QTest::newRow("three sigmas out") << 24.0 << 8.0 << 0.0013499;
-        QTest::newRow("sigma of zero is a hard edge") << -0.5 << 0.0 << 1.0;
-    }
-    void coverage()
-    {
-        QFETCH(qreal, distance);
-        QFETCH(qreal, sigma);
-        QFETCH(qreal, expected);
-        QVERIFY2(std::abs(RoundedShadowMesh::coverage(distance, sigma) - expected) < 1e-5,
-                 qPrintable(QString::number(RoundedShadowMesh::coverage(distance, sigma))));
-    }
+        QCOMPARE(RoundedShadowMesh::coverage(0, 5), 0.5);
+        QVERIFY(std::abs(RoundedShadowMesh::coverage(5, 5) - 0.158655) < 1e-5);
+        QCOMPARE(RoundedShadowMesh::coverage(-0.5, 0), 1.0); // no blur: a hard edge
 
-    // The sizes the app's shadows come in, and edge cases of the clamp.
-    void mesh_data()
-    {
-        QTest::addColumn<QSizeF>("box");
-        QTest::addColumn<qreal>("cornerRadius");
-        QTest::addColumn<qreal>("sigma");
-        QTest::newRow("menu") << QSizeF(250, 300) << 13.0 << 16.0;
-        QTest::newRow("capsule chip") << QSizeF(80, 36) << 18.0 << 6.0;
-        QTest::newRow("square corners") << QSizeF(390, 60) << 0.0 << 8.0;
-        QTest::newRow("radius past half the box") << QSizeF(30, 20) << 50.0 << 4.0;
-        QTest::newRow("box thinner than the blur") << QSizeF(200, 6) << 2.0 << 10.0;
-    }
-    void mesh()
-    {
-        QFETCH(QSizeF, box);
-        QFETCH(qreal, cornerRadius);
-        QFETCH(qreal, sigma);
-        const qreal margin = std::ceil(3 * sigma);
-        const RoundedShadowMesh::Mesh mesh = RoundedShadowMesh::build(box, cornerRadius, sigma, margin);
-        QVERIFY(!mesh.indices.empty());
-        QVERIFY(std::all_of(mesh.indices.begin(), mesh.indices.end(),
-                            [&](quint16 i) { return i < mesh.vertices.size(); }));
-
-        // Each vertex carries the blur's strength where it stands.
-        for (const auto &v : mesh.vertices) {
-            const qreal exact = RoundedShadowMesh::coverage(outlineDistance(v.position, box, cornerRadius), sigma);
-            QVERIFY2(std::abs(v.coverage - exact) < 1e-6,
-                     qPrintable(QStringLiteral("vertex at %1,%2").arg(v.position.x()).arg(v.position.y())));
-        }
-
-        // Everywhere the shadow shows, the mesh is drawn and within a
-        // colour step of the blur.
-        QRandomGenerator random(7);
-        for (int n = 0; n < 300; ++n) {
-            const QPointF p(-margin + random.generateDouble() * (box.width() + 2 * margin),
-                            -margin + random.generateDouble() * (box.height() + 2 * margin));
-            const qreal d = outlineDistance(p, box, cornerRadius);
-            if (d > margin - 0.5)
-                continue;
-            const std::optional<qreal> drawn = meshCoverage(mesh, p);
-            const QByteArray at = QByteArray::number(p.x()) + ',' + QByteArray::number(p.y());
-            QVERIFY2(drawn && std::abs(*drawn - RoundedShadowMesh::coverage(d, sigma)) < 1.0 / 255, at.constData());
+        // The last two: a radius past half the box, a box thinner than the blur.
+        const struct {
+            QSizeF box;
+            qreal cornerRadius, sigma;
+        } shapes[] = {{{250, 300}, 13, 16}, {{80, 36}, 18, 6}, {{390, 60}, 0, 8},
+                      {{30, 20}, 50, 4},   {{200, 6}, 2, 10}};
+        for (const auto &[box, cornerRadius, sigma] : shapes) {
+            const qreal margin = std::ceil(3 * sigma);
+            const RoundedShadowMesh::Mesh mesh = RoundedShadowMesh::build(box, cornerRadius, sigma, margin);
+            QVERIFY(!mesh.indices.empty());
+            QVERIFY(std::all_of(mesh.indices.begin(), mesh.indices.end(),
+                                [&](quint16 i) { return i < mesh.vertices.size(); }));
+            for (const auto &v : mesh.vertices) {
+                const qreal d = outlineDistance(v.position, box, cornerRadius);
+                QVERIFY(std::abs(v.coverage - RoundedShadowMesh::coverage(d, sigma)) < 1e-6);
+            }
+            QRandomGenerator random(7);
+            for (int n = 0; n < 300; ++n) {
+                const QPointF p(-margin + random.generateDouble() * (box.width() + 2 * margin),
+                                -margin + random.generateDouble() * (box.height() + 2 * margin));
+                const qreal d = outlineDistance(p, box, cornerRadius);
+                const std::optional<qreal> got = meshCoverage(mesh, p);
+                const bool near = got && std::abs(*got - RoundedShadowMesh::coverage(d, sigma)) < 1.0 / 255;
+                QVERIFY2(d > margin - 0.5 || near, qPrintable(QStringLiteral("%1,%2").arg(p.x()).arg(p.y())));
+            }
         }
     }
 
