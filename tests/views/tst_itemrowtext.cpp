@@ -1,5 +1,6 @@
 #include "views/AccessibleText.h"
 #include "views/ItemRowText.h"
+#include "views/TextWrapping.h"
 
 #include <QTest>
 #include <QTextBoundaryFinder>
@@ -82,22 +83,19 @@ private slots:
     // between two characters of the full text.
     void everyCutIsWithinTheBoundsAtACharacterBoundary()
     {
-        QString text;
         const QStringList pieces{"a", " ", "\n", "\u0301", "\U0001F600", "\u200D", "\r\n", "\U0001F1EB", "z "};
         quint32 seed = 7;
         for (int round = 0; round < 200; ++round) {
-            text.clear();
-            const int length = int(seed % 3000);
-            for (int i = 0; i < length; ++i) {
+            QString text;
+            for (int i = int(seed % 3000); i > 0; --i) {
                 seed = seed * 1664525u + 1013904223u;
                 text += pieces[(seed >> 16) % pieces.size()];
             }
             const QString shown = ItemRowText::shown(text);
             if (shown == text)
                 continue;
-            QVERIFY(shown.endsWith(ellipsis));
             const QString kept = shown.chopped(1);
-            QVERIFY(text.startsWith(kept));
+            QVERIFY(shown.endsWith(ellipsis) && text.startsWith(kept));
             QVERIFY(kept.size() <= ItemRowText::maxCodeUnits);
             QVERIFY(kept.count(QLatin1Char('\n')) < ItemRowText::maxLines);
             QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
@@ -109,6 +107,20 @@ private slots:
                 ++characters;
             QVERIFY(characters <= ItemRowText::maxCharacters);
         }
+    }
+
+    // Past a run this long without a break, text wraps anywhere.
+    void longUnbrokenRunsWrapAnywhere()
+    {
+        const QString run(TextWrapping::maxUnbrokenRun, QLatin1Char('w'));
+        const struct {
+            QString text;
+            bool anywhere;
+        } cases[] = {{QString(), false}, {run, false}, {run + "w", true}, {(run + " ").repeated(50), false},
+                     {run + "\n" + run, false}, {QStringLiteral("a b ").repeated(100) + run + "w", true},
+                     {QString(1 << 20, QLatin1Char('w')), true}};
+        for (const auto &[text, anywhere] : cases)
+            QVERIFY2(TextWrapping::needsWrapAnywhere(text) == anywhere, qPrintable(text.left(40)));
     }
 };
 

@@ -24,49 +24,25 @@ Item {
         name: "TutorialView"
         when: windowShown
 
-        function openSheet() {
+        // Every section in order, each text whole within a narrow page; the
+        // page scrolls to its last line, and only "Done" closes it.
+        function test_pageShowsEverySectionWrapped() {
             const sheet = createTemporaryObject(pageComponent, scene)
             // Positioners lay out the wrapped texts before the frame.
             waitForRendering(sheet.page)
-            return sheet
-        }
-
-        function texts(page, objectName) {
-            const found = []
-            const walk = item => {
-                if (item.objectName === objectName)
-                    found.push(item)
-                for (let i = 0; i < item.children.length; ++i)
-                    walk(item.children[i])
-            }
-            walk(page)
-            return found
-        }
-
-        function test_onlyDoneClosesThePage() {
-            const sheet = openSheet()
-            const page = findChild(sheet.page, "tutorialPage")
-            mouseClick(page, 40, 200)
-            mouseDrag(page, 100, 300, 0, -200)
-            keyClick(Qt.Key_Escape)
-            compare(sheet.doneCount, 0)
-            const done = findChild(sheet.page, "doneButton")
-            compare(done.text, "Done")
-            mouseClick(done)
-            compare(sheet.doneCount, 1)
-        }
-
-        // Every section in order, each text whole within a narrow page, and
-        // the page scrolls to its last line.
-        function test_pageShowsEverySectionWrapped() {
-            const sheet = openSheet()
             const page = findChild(sheet.page, "tutorialPage")
             const title = findChild(sheet.page, "tutorialTitle")
             const intro = findChild(sheet.page, "tutorialIntro")
-            compare(title.text, TutorialContent.title)
-            compare(intro.text, TutorialContent.intro)
-            const headings = texts(sheet.page, "sectionHeading")
-            const bodies = texts(sheet.page, "sectionText")
+            const headings = [], bodies = []
+            const walk = item => {
+                if (item.objectName === "sectionHeading")
+                    headings.push(item)
+                else if (item.objectName === "sectionText")
+                    bodies.push(item)
+                Array.from(item.children).forEach(walk)
+            }
+            walk(sheet.page)
+            compare([title.text, intro.text], [TutorialContent.title, TutorialContent.intro])
             compare(headings.map(h => h.text), TutorialContent.sections.map(s => s.heading))
             compare(bodies.map(b => b.text), TutorialContent.sections.map(s => s.text))
             for (let i = 1; i < headings.length; ++i)
@@ -84,6 +60,14 @@ Item {
             waitForRendering(sheet.page)
             const bottom = bodies[14].mapToItem(page, 0, bodies[14].height).y
             verify(bottom <= page.height, bottom + " > " + page.height)
+            mouseClick(page, 40, 200)
+            mouseDrag(page, 100, 300, 0, -200)
+            keyClick(Qt.Key_Escape)
+            compare(sheet.doneCount, 0)
+            const done = findChild(sheet.page, "doneButton")
+            compare(done.text, "Done")
+            mouseClick(done)
+            compare(sheet.doneCount, 1)
         }
     }
 }

@@ -74,25 +74,22 @@ TestCase {
     // to drag it.
     function stroke(target, from, to, touch, hold) {
         const finger = touch ? touchEvent(target) : null;
-        const step = (kind, x, y) => {
-            if (touch) {
+        // The press, ten moves, the release.
+        for (let i = 0; i <= 11; ++i) {
+            const x = from.x + (to.x - from.x) * Math.min(i, 10) / 10;
+            const y = from.y + (to.y - from.y) * Math.min(i, 10) / 10;
+            const kind = i === 0 ? "press" : i === 11 ? "release" : "move";
+            if (touch)
                 finger[kind](0, target, x, y).commit();
-                wait(16);
-            } else if (kind === "press") {
+            else if (i === 0)
                 mousePress(target, x, y);
-            } else {
-                // The mouse's events carry their time, so speeds come out right.
-                if (kind === "move")
-                    mouseMove(target, x, y, 16);
-                else
-                    mouseRelease(target, x, y, Qt.LeftButton, Qt.NoModifier, 16);
-            }
-        };
-        step("press", from.x, from.y);
-        wait(hold || 16);
-        for (let i = 1; i <= 10; ++i)
-            step("move", from.x + (to.x - from.x) * i / 10, from.y + (to.y - from.y) * i / 10);
-        step("release", to.x, to.y);
+            else if (i < 11) // the mouse's events carry their time, so speeds come out right
+                mouseMove(target, x, y, 16);
+            else
+                mouseRelease(target, x, y, Qt.LeftButton, Qt.NoModifier, 16);
+            if (touch || i === 0)
+                wait((i === 0 ? hold || 16 : 0) + (touch ? 16 : 0));
+        }
     }
 
     // A full swipe across a row: leading pins, trailing deletes.

@@ -5,4 +5,4 @@
 
 Q_IMPORT_QML_PLUGIN(MurvanePlugin)
 
-QUICK_TEST_MAIN_WITH_SETUP(views_quick, QuickTestSetup)
+QUICK_TEST_MAIN_WITH_SETUP(quick, QuickTestSetup)

@@ -23,18 +23,35 @@ Item {
         }
     }
 
+    Component {
+        id: lineComponent
+        Rectangle {
+            property alias text: label.text
+            color: "white"
+            width: label.width + 8
+            height: label.height + 8
+            Text {
+                id: label
+                x: 4
+                y: 4
+                font.pixelSize: 15
+            }
+        }
+    }
+
     TestCase {
-        name: "SymbolIcon"
+        name: "Glyphs"
         when: windowShown
 
-        // The box around every dark pixel of a grabbed item, or null.
-        function inkBox(item) {
+        // The box around every pixel of a grabbed item darker than `limit`
+        // (red, green and blue summed), or null.
+        function inkBox(item, limit) {
             const image = grabImage(item)
             let box = null
             for (let y = 0; y < image.height; ++y) {
                 for (let x = 0; x < image.width; ++x) {
                     const c = image.pixel(x, y)
-                    if (c.a <= 0.5 || c.r >= 0.5)
+                    if (c.a <= 0.5 || c.r + c.g + c.b >= (limit || 1.5))
                         continue
                     box = box || { left: x, right: x, top: y, bottom: y, count: 0 }
                     Object.assign(box, { left: Math.min(box.left, x), right: Math.max(box.right, x),
@@ -44,16 +61,26 @@ Item {
             return box
         }
 
-        function test_everyNameTheViewsUseIsKnown() {
-            // The tutorial's section icons, then rows, input bar, header row,
-            // toolbar and its menu, rating prompt.
-            const used = TutorialContent.sections.map(s => s.icon).concat([
-                "pin.fill", "circle", "arrow.uturn.backward", "chevron.left", "chevron.right", "minus", "plus",
-                "moonphase.waxing.gibbous.inverse", "arrow.up.arrow.down", "star", "star.fill",
-                "questionmark.circle", "paintpalette", "xmark"])
-            for (const name of used)
-                verify(Symbols.contains(name), name)
-            // Identifiers are exact.
+        // Emoji among the app's text come out the size of the text around
+        // them: cap height to descender, as tall as a line's letters reach.
+        function test_emojiMatchTheTextAroundThem() {
+            const inkHeight = text => {
+                const line = createTemporaryObject(lineComponent, scene, { text: text })
+                waitForRendering(line)
+                const box = inkBox(line, 2.7)
+                return box.bottom - box.top + 1
+            }
+            const letters = inkHeight("Hg")
+            for (const emoji of ["\u{1F600}", "\u{1F34E}", "\u{1F3E1}"]) {
+                const height = inkHeight(emoji)
+                verify(height >= letters - 1 && height <= letters * 1.3, height + " beside " + letters)
+            }
+        }
+
+        // The tutorial's section icons come from C++; identifiers are exact.
+        function test_tutorialIconsAreKnown() {
+            for (const section of TutorialContent.sections)
+                verify(Symbols.contains(section.icon), section.icon)
             for (const name of ["no.such.symbol", "", "Pin"])
                 verify(!Symbols.contains(name), name)
         }
