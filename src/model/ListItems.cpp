@@ -75,8 +75,11 @@ void ListItems::load()
         m_items.resize(m_listNames.size());
     }
 
-    m_encoded = QList<QByteArray>(m_items.size());
-    m_encodedValid = QList<bool>(m_items.size(), false);
+    // List i was element i of what was read; the first save checks that
+    // against the stored bytes and writes only the lists that differ.
+    m_encoded = QByteArrayList(m_items.size());
+    m_savedAt = QList<qsizetype>(m_items.size());
+    std::iota(m_savedAt.begin(), m_savedAt.end(), 0);
 }
 
 void ListItems::setAppColorScheme(ColorScheme scheme)
@@ -119,16 +122,16 @@ qsizetype ListItems::positionOf(qint64 listIndex, const QUuid &id) const
 void ListItems::saveItems()
 {
     if (m_encoded.size() != m_items.size()) {
-        m_encoded = QList<QByteArray>(m_items.size());
-        m_encodedValid = QList<bool>(m_items.size(), false);
+        m_encoded = QByteArrayList(m_items.size());
+        m_savedAt = QList<qsizetype>(m_items.size(), -1);
     }
     for (qsizetype i = 0; i < m_items.size(); ++i) {
-        if (!m_encodedValid[i]) {
+        if (m_encoded[i].isNull())
             m_encoded[i] = ItemsCodec::encodeList(m_items[i]);
-            m_encodedValid[i] = true;
-        }
     }
-    m_defaults->setData(PreferenceKeys::items, ItemsCodec::joinLists(m_encoded));
+    // Read back whole, the value is the document ItemsCodec::encode makes.
+    m_defaults->setJsonArray(PreferenceKeys::items, m_encoded, m_savedAt);
+    std::iota(m_savedAt.begin(), m_savedAt.end(), 0);
 }
 
 void ListItems::saveNames()
@@ -138,8 +141,10 @@ void ListItems::saveNames()
 
 void ListItems::commitList(qint64 listIndex)
 {
-    if (listIndex >= 0 && listIndex < m_encodedValid.size())
-        m_encodedValid[listIndex] = false;
+    if (listIndex >= 0 && listIndex < m_encoded.size()) {
+        m_encoded[listIndex] = QByteArray();
+        m_savedAt[listIndex] = -1;
+    }
     saveItems();
     emit listChanged(listIndex);
     emit itemsChanged();
@@ -342,7 +347,7 @@ void ListItems::addList()
     m_listNames.prepend(QStringLiteral("New List"));
     m_items.prepend(ItemList());
     m_encoded.prepend(QByteArrayLiteral("[]"));
-    m_encodedValid.prepend(true);
+    m_savedAt.prepend(-1);
     commitLists();
 }
 
@@ -354,7 +359,7 @@ void ListItems::deleteList(qint64 listIndex)
     m_items.removeAt(listIndex);
     if (listIndex < m_encoded.size()) {
         m_encoded.removeAt(listIndex);
-        m_encodedValid.removeAt(listIndex);
+        m_savedAt.removeAt(listIndex);
     }
     commitLists();
 }
@@ -376,7 +381,7 @@ void ListItems::moveList(qint64 from, qint64 to)
     m_items.swapItemsAt(from, to);
     if (from < m_encoded.size() && to < m_encoded.size()) {
         m_encoded.swapItemsAt(from, to);
-        m_encodedValid.swapItemsAt(from, to);
+        m_savedAt.swapItemsAt(from, to);
     }
     commitLists();
 }
@@ -387,8 +392,10 @@ bool ListItems::restoreList(qint64 index, const QString &name, const ItemList &i
         return false;
     m_listNames.insert(index, name);
     m_items.insert(index, items);
-    m_encoded.insert(index, QByteArray());
-    m_encodedValid.insert(index, false);
+    if (index <= m_encoded.size()) {
+        m_encoded.insert(index, QByteArray());
+        m_savedAt.insert(index, -1);
+    }
     commitLists();
     return true;
 }

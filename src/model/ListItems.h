@@ -98,7 +98,7 @@ signals:
 private:
     void load();
     bool validList(qint64 listIndex) const { return listIndex >= 0 && listIndex < m_listNames.size(); }
-    // Marks one list's cached JSON stale, saves and notifies.
+    // Marks one list's encoded JSON stale, saves and notifies.
     void commitList(qint64 listIndex);
     void commitLists();
 
@@ -106,7 +106,9 @@ private:
     ColorScheme m_appColorScheme = Light;
     QList<ItemList> m_items;
     QStringList m_listNames;
-    // Encoded JSON of each list, so a save re-encodes only what changed.
-    QList<QByteArray> m_encoded;
-    QList<bool> m_encodedValid;
+    // Encoded JSON of each list (null when stale), so a save re-encodes
+    // only what changed, and where each list stood at the last save (-1
+    // when changed since), so the store rewrites only what changed.
+    QByteArrayList m_encoded;
+    QList<qsizetype> m_savedAt;
 };

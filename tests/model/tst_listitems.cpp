@@ -397,6 +397,50 @@ private slots:
         QCOMPARE(std::holds_alternative<QList<ItemList>>(decoded), valid);
         QVERIFY(valid || !std::get<QString>(decoded).isEmpty());
     }
+
+    // Which lists a save writes (by position), and that they read back as
+    // the whole document the encoder makes.
+    void savesWriteOnlyTheListsThatChanged_data()
+    {
+        QTest::addColumn<Op>("op");
+        QTest::addColumn<QList<qsizetype>>("written");
+        auto one = [](int list) { return [=](ListItems &s) { s.setPinned(true, s.items()[list][0].id, list); }; };
+        QTest::newRow("item change") << Op(one(3)) << QList<qsizetype>{3};
+        QTest::newRow("sort") << Op([](ListItems &s) { s.sortItems(1, false, true); }) << QList<qsizetype>{1};
+        QTest::newRow("move list") << Op([](ListItems &s) { s.moveList(2, 5); }) << QList<qsizetype>{};
+        QTest::newRow("add list") << Op([](ListItems &s) { s.addList(); }) << QList<qsizetype>{0};
+        QTest::newRow("delete list") << Op([](ListItems &s) { s.deleteList(0); }) << QList<qsizetype>{};
+        QTest::newRow("restore list") << Op([](ListItems &s) { s.restoreList(4, QString(), s.items()[9]); })
+                                      << QList<qsizetype>{4};
+        QTest::newRow("replace list") << Op([](ListItems &s) { s.replaceList(6, s.items()[6].mid(1)); })
+                                      << QList<qsizetype>{6};
+    }
+
+    void savesWriteOnlyTheListsThatChanged()
+    {
+        QFETCH(Op, op);
+        QFETCH(QList<qsizetype>, written);
+        MemoryPreferencesStore prefs;
+        QList<ItemList> lists;
+        for (int l = 0; l < 12; ++l)
+            lists.append(parse(QStringLiteral("b%1 *a +c").arg(l)));
+        prefs.setData(PreferenceKeys::items, ItemsCodec::encode(lists)); // the whole document in one value
+        ListItems store(prefs);
+        prefs.resetWriteLog();
+        op(store); // the first save writes every list of a whole document
+        QCOMPARE(prefs.writtenElements().size(), store.listCount());
+        QCOMPARE(prefs.data(PreferenceKeys::items), ItemsCodec::encode(store.items()));
+        prefs.resetWriteLog();
+        op(store);
+        QCOMPARE(prefs.writtenElements(), written);
+        QCOMPARE(prefs.data(PreferenceKeys::items), ItemsCodec::encode(store.items()));
+        // Loaded from lists kept apart, only the changed one is written.
+        ListItems reloaded(prefs);
+        prefs.resetWriteLog();
+        reloaded.addItem(ListItem::create(QStringLiteral("x")), 7);
+        QCOMPARE(prefs.writtenElements(), QList<qsizetype>{7});
+        QCOMPARE(prefs.data(PreferenceKeys::items), ItemsCodec::encode(reloaded.items()));
+    }
 };
 
 QTEST_GUILESS_MAIN(TestListItems)

@@ -8,6 +8,7 @@
 #include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QTest>
+#include <algorithm>
 #include <sys/stat.h>
 
 namespace {
@@ -255,6 +256,57 @@ private slots:
         SqlitePreferencesStore p(broken.path());
         QVERIFY(p.status().message().contains(QStringLiteral("could not be read")));
         QCOMPARE(Raw(broken.path()).copies(QStringLiteral("preferences.json")), QVariantList{QByteArray("{not json")});
+    }
+
+    // Steps on one key: the elements set, their hints, how many rows they add.
+    void jsonArraysRewriteOnlyTheElementsThatChanged()
+    {
+        QTemporaryDir dir;
+        SqlitePreferencesStore(dir.path()).setData(items, "[[1],[2]]"); // one row, as earlier versions kept it
+        SqlitePreferencesStore p(dir.path());
+        Raw raw(dir.path());
+        const QByteArray a = "[1]", b = "[2]", c = QByteArray("[\"\xc3\xa9\"]").repeated(30000);
+        struct Step
+        {
+            QByteArrayList elements;
+            QList<qsizetype> from;
+            int newRows;
+        };
+        const QList<Step> steps = {
+            {{a, b, c}, {0, 1, -1}, 3}, // the whole row becomes pieces
+            {{a, c + "", b}, {0, 2, -1}, 1}, // b came back as new: written again
+            {{b, a, c}, {2, 0, 1}, 0},       // reordered only
+            {{a, c}, {2, 1}, 2},             // hints that do not hold cost writes, not bytes
+            {{}, {}, 0},
+        };
+        QVariantList before = raw.query(QStringLiteral("SELECT id FROM pieces ORDER BY id"), {});
+        for (const Step &step : steps) {
+            p.setJsonArray(items, step.elements, step.from);
+            const QVariantList after = raw.query(QStringLiteral("SELECT id FROM pieces ORDER BY id"), {});
+            QCOMPARE(after.size(), step.elements.size());
+            QCOMPARE(qsizetype(std::count_if(after.cbegin(), after.cend(), [&](const QVariant &id) {
+                         return !before.contains(id);
+                     })),
+                     qsizetype(step.newRows));
+            before = after;
+            const QByteArray document = '[' + step.elements.join(',') + ']';
+            QCOMPARE(p.data(items), document);
+            QCOMPARE(SqlitePreferencesStore(dir.path()).data(items), document);
+        }
+        // Whole or in pieces it is the same data: no copy was made on the way.
+        QVERIFY(raw.copies(items).isEmpty());
+        p.setJsonArray(items, {c, a}, {-1, -1});
+        p.keepCopy(items);
+        QCOMPARE(raw.copies(items), QVariantList{QByteArray('[' + c + ',' + a + ']')});
+        // Read back after a reopen, equal bytes need no write.
+        const QString order = raw.query(QStringLiteral("SELECT value FROM prefs WHERE key = ?"), {items}).value(0).toString();
+        SqlitePreferencesStore reopened(dir.path());
+        reopened.setJsonArray(items, {c, a, b}, {0, 1, -1});
+        QVERIFY(raw.query(QStringLiteral("SELECT value FROM prefs WHERE key = ?"), {items}).value(0).toString().startsWith(order + u','));
+        QCOMPARE(raw.query(QStringLiteral("SELECT count(*) FROM pieces"), {}), QVariantList{3});
+        reopened.setData(items, "whole");
+        QCOMPARE(raw.query(QStringLiteral("SELECT count(*) FROM pieces"), {}), QVariantList{0});
+        QCOMPARE(SqlitePreferencesStore(dir.path()).data(items), QByteArray("whole"));
     }
 };
 

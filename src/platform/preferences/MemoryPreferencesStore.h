@@ -20,10 +20,14 @@ public:
     int commitCount() const { return m_commits; }
     int writeCount() const { return int(m_writtenKeys.size()); }
     QStringList writtenKeys() const { return m_writtenKeys; }
+    // Of the values set as JSON arrays: the positions of the elements that
+    // had to be written, in commit order.
+    QList<qsizetype> writtenElements() const { return m_writtenElements; }
     void resetWriteLog()
     {
         m_commits = 0;
         m_writtenKeys.clear();
+        m_writtenElements.clear();
     }
     const QList<std::pair<QString, QVariant>> &copies() const { return m_copies; }
 
@@ -34,6 +38,7 @@ protected:
 private:
     QHash<QString, QVariant> m_values;
     QStringList m_writtenKeys;
+    QList<qsizetype> m_writtenElements;
     QList<std::pair<QString, QVariant>> m_copies;
     int m_commits = 0;
     bool m_failWrites = false;

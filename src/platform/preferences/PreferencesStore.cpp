@@ -16,6 +16,8 @@ std::optional<QStringList> PreferencesStore::stringList(const QString &key) cons
 std::optional<QByteArray> PreferencesStore::data(const QString &key) const
 {
     const QVariant v = rawValue(key);
+    if (isJsonArray(v))
+        return joined(v.value<JsonArray>().elements);
     if (v.typeId() != QMetaType::QByteArray)
         return std::nullopt;
     return v.toByteArray();
@@ -55,6 +57,47 @@ void PreferencesStore::setInteger(const QString &key, qint64 value)
 void PreferencesStore::setString(const QString &key, const QString &value)
 {
     setRawValue(key, QVariant::fromValue(value));
+}
+
+void PreferencesStore::setJsonArray(const QString &key, const QByteArrayList &elements, const QList<qsizetype> &from)
+{
+    setRawValue(key, QVariant::fromValue(JsonArray{elements, from}));
+}
+
+QByteArray PreferencesStore::joined(const QByteArrayList &elements)
+{
+    qsizetype size = 2 + elements.size();
+    for (const QByteArray &e : elements)
+        size += e.size();
+    QByteArray out;
+    out.reserve(size);
+    out.append('[');
+    for (qsizetype i = 0; i < elements.size(); ++i) {
+        if (i > 0)
+            out.append(',');
+        out.append(elements[i]);
+    }
+    out.append(']');
+    return out;
+}
+
+QList<qsizetype> PreferencesStore::kept(const QByteArrayList &previous, const JsonArray &next)
+{
+    QList<qsizetype> out(next.elements.size(), -1);
+    QList<bool> taken(previous.size(), false);
+    for (qsizetype i = 0; i < next.elements.size(); ++i) {
+        const qsizetype p = i < next.from.size() ? next.from[i] : -1;
+        if (p < 0 || p >= previous.size() || taken[p])
+            continue;
+        const QByteArray &a = previous[p];
+        const QByteArray &b = next.elements[i];
+        // Shared bytes are the usual case; comparing is the safety net.
+        if (a.size() == b.size() && (a.constData() == b.constData() || a == b)) {
+            out[i] = p;
+            taken[p] = true;
+        }
+    }
+    return out;
 }
 
 void PreferencesStore::remove(const QString &key)

@@ -3,6 +3,7 @@
 #include "StoreStatus.h"
 
 #include <QByteArray>
+#include <QByteArrayList>
 #include <QHash>
 #include <QString>
 #include <QStringList>
@@ -63,6 +64,18 @@ public:
     void setInteger(const QString &key, qint64 value);
     void setString(const QString &key, const QString &value);
 
+    // A data value that is a JSON array, given as its elements, each already
+    // encoded: data(key) then reads "[e0,e1,...]". A store may keep the
+    // elements apart and write only those that changed. from[i] is the
+    // position element i had in the value as last written, or -1 when it is
+    // new or changed; a position whose bytes differ only costs a write.
+    struct JsonArray
+    {
+        QByteArrayList elements;
+        QList<qsizetype> from;
+    };
+    void setJsonArray(const QString &key, const QByteArrayList &elements, const QList<qsizetype> &from);
+
     bool contains(const QString &key) const { return rawValue(key).isValid(); }
     void remove(const QString &key);
 
@@ -92,6 +105,12 @@ protected:
 
     QVariant rawValue(const QString &key) const;
     void setRawValue(const QString &key, const QVariant &value);
+
+    static bool isJsonArray(const QVariant &v) { return v.metaType() == QMetaType::fromType<JsonArray>(); }
+    static QByteArray joined(const QByteArrayList &elements);
+    // For each element of `next`, the position in `previous` of the element
+    // it keeps (its hint, checked byte for byte), or -1 when it must be written.
+    static QList<qsizetype> kept(const QByteArrayList &previous, const JsonArray &next);
 
 private:
     StoreStatus m_status;

@@ -49,12 +49,12 @@ sqlite3 *handleOf(const QSqlDatabase &db)
 // Fills the blob of row `rowid`, inserted as zeroblob(bytes.size()), in
 // place. Bound as a parameter instead, a large document would be copied
 // whole into a record before it reaches the pages.
-bool fillBlob(sqlite3 *handle, qint64 rowid, const QByteArray &bytes, QString &error)
+bool fillBlob(sqlite3 *handle, const char *table, qint64 rowid, const QByteArray &bytes, QString &error)
 {
     if (bytes.isEmpty())
         return true;
     sqlite3_blob *blob = nullptr;
-    int rc = sqlite3_blob_open(handle, "main", "prefs", "value", rowid, 1, &blob);
+    int rc = sqlite3_blob_open(handle, "main", table, "value", rowid, 1, &blob);
     if (rc == SQLITE_OK)
         rc = sqlite3_blob_write(blob, bytes.constData(), int(bytes.size()), 0);
     const int closed = sqlite3_blob_close(blob);
@@ -139,6 +139,30 @@ std::pair<int, QVariant> encodeValue(const QVariant &v)
         return {SqlitePreferencesStore::StringType, s.isNull() ? QStringLiteral("") : s};
     }
     }
+}
+
+QString idsText(const QList<qint64> &ids)
+{
+    QStringList parts;
+    parts.reserve(ids.size());
+    for (qint64 id : ids)
+        parts.append(QString::number(id));
+    // Never null: Qt would bind that as SQL NULL, not as empty text.
+    return ids.isEmpty() ? QStringLiteral("") : parts.join(u',');
+}
+
+std::optional<QList<qint64>> parseIds(const QString &text)
+{
+    QList<qint64> ids;
+    if (text.isEmpty())
+        return ids;
+    for (const QStringView part : QStringView(text).split(u',')) {
+        bool ok = false;
+        ids.append(part.toLongLong(&ok));
+        if (!ok)
+            return std::nullopt;
+    }
+    return ids;
 }
 
 QString displayPath(const QString &path)
@@ -243,7 +267,11 @@ bool SqlitePreferencesStore::createSchema(QString &error)
                 QStringLiteral("CREATE TABLE IF NOT EXISTS recovered (id INTEGER PRIMARY KEY, at TEXT NOT NULL, "
                                "key TEXT NOT NULL, type INTEGER, value)"),
                 error)
-        && exec(db, QStringLiteral("CREATE TABLE IF NOT EXISTS meta (key TEXT PRIMARY KEY NOT NULL, value)"), error);
+        && exec(db, QStringLiteral("CREATE TABLE IF NOT EXISTS meta (key TEXT PRIMARY KEY NOT NULL, value)"), error)
+        && exec(db,
+                QStringLiteral("CREATE TABLE IF NOT EXISTS pieces (id INTEGER PRIMARY KEY AUTOINCREMENT, "
+                               "key TEXT NOT NULL, value BLOB NOT NULL)"),
+                error);
 }
 
 void SqlitePreferencesStore::load()
@@ -252,6 +280,15 @@ void SqlitePreferencesStore::load()
     m_values.clear();
     m_types.clear();
     m_unreadable.clear();
+    m_pieceIds.clear();
+    QHash<qint64, QByteArray> pieces;
+    QSqlQuery p(db);
+    p.setForwardOnly(true);
+    if (p.exec(QStringLiteral("SELECT id, value FROM pieces WHERE typeof(value) = 'blob'"))) {
+        while (p.next())
+            pieces.insert(p.value(0).toLongLong(), p.value(1).toByteArray());
+    }
+    p.finish();
     QSqlQuery q(db);
     q.setForwardOnly(true);
     if (!q.exec(QStringLiteral("SELECT key, type, typeof(value), value FROM prefs")))
@@ -260,7 +297,24 @@ void SqlitePreferencesStore::load()
         const QString key = q.value(0).toString();
         const int type = q.value(1).toInt();
         m_types.insert(key, type);
-        const QVariant value = decodeRow(type, q.value(2).toString(), q.value(3));
+        QVariant value;
+        if (type == PiecesType) {
+            // Readable when every element it names is there.
+            const auto ids = q.value(2).toString() == u"text" ? parseIds(q.value(3).toString()) : std::nullopt;
+            JsonArray array;
+            for (qsizetype i = 0; ids && i < ids->size(); ++i) {
+                const auto piece = pieces.constFind(ids->at(i));
+                if (piece == pieces.cend())
+                    break;
+                array.elements.append(*piece);
+            }
+            if (ids && array.elements.size() == ids->size()) {
+                value = QVariant::fromValue(array);
+                m_pieceIds.insert(key, *ids);
+            }
+        } else {
+            value = decodeRow(type, q.value(2).toString(), q.value(3));
+        }
         if (value.isValid())
             m_values.insert(key, value);
         else
@@ -272,9 +326,67 @@ void SqlitePreferencesStore::load()
         keepCopy(key);
 }
 
+std::optional<QByteArray> SqlitePreferencesStore::storedPieces(const QString &key, QString &error) const
+{
+    QSqlDatabase db = QSqlDatabase::database(m_connection, false);
+    QSqlQuery row(db);
+    row.prepare(QStringLiteral("SELECT value FROM prefs WHERE key = ?"));
+    row.addBindValue(key);
+    if (!row.exec()) {
+        error = describe(row.lastError());
+        return std::nullopt;
+    }
+    const auto ids = row.next() ? parseIds(row.value(0).toString()) : std::nullopt;
+    if (!ids)
+        return QByteArray();
+    // What can be found of a damaged list is kept all the same.
+    QByteArrayList elements;
+    QSqlQuery piece(db);
+    piece.prepare(QStringLiteral("SELECT value FROM pieces WHERE id = ?"));
+    for (qint64 id : *ids) {
+        piece.bindValue(0, id);
+        if (!piece.exec()) {
+            error = describe(piece.lastError());
+            return std::nullopt;
+        }
+        if (piece.next())
+            elements.append(piece.value(0).toByteArray());
+    }
+    return joined(elements);
+}
+
 bool SqlitePreferencesStore::copyRow(const QString &key, QString &error)
 {
     QSqlDatabase db = QSqlDatabase::database(m_connection, false);
+    const auto pieces = m_types.value(key) == PiecesType ? storedPieces(key, error) : QByteArray();
+    if (!pieces)
+        return false;
+    if (!pieces->isNull()) {
+        // Copied as the document it reads as, so a copy is one value.
+        const QByteArray &bytes = *pieces;
+        QSqlQuery last(db);
+        last.prepare(QStringLiteral("SELECT type, typeof(value), value FROM recovered WHERE key = ? "
+                                    "ORDER BY id DESC LIMIT 1"));
+        last.addBindValue(key);
+        if (!last.exec()) {
+            error = describe(last.lastError());
+            return false;
+        }
+        if (last.next() && last.value(0).toInt() == DataType && last.value(1).toString() == u"blob"
+            && last.value(2).toByteArray() == bytes)
+            return true;
+        QSqlQuery q(db);
+        q.prepare(QStringLiteral("INSERT INTO recovered (at, key, type, value) VALUES (?, ?, ?, ?)"));
+        q.addBindValue(QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs));
+        q.addBindValue(key);
+        q.addBindValue(int(DataType));
+        q.addBindValue(bytes);
+        if (!q.exec()) {
+            error = describe(q.lastError());
+            return false;
+        }
+        return true;
+    }
     // The same bytes as the latest copy need no second copy.
     QSqlQuery same(db);
     same.prepare(QStringLiteral(
@@ -338,55 +450,73 @@ bool SqlitePreferencesStore::writeChanges(const Changes &changes, QString &error
     QSqlQuery put(db);
     QSqlQuery putBlob(db);
     QSqlQuery del(db);
+    QSqlQuery delPieces(db);
     put.prepare(QStringLiteral("INSERT OR REPLACE INTO prefs (key, type, value) VALUES (?, ?, ?)"));
     if (handle)
         putBlob.prepare(QStringLiteral("INSERT OR REPLACE INTO prefs (key, type, value) VALUES (?, ?, zeroblob(?))"));
     del.prepare(QStringLiteral("DELETE FROM prefs WHERE key = ?"));
+    delPieces.prepare(QStringLiteral("DELETE FROM pieces WHERE key = ?"));
+    auto run = [&](QSqlQuery &q) {
+        ok = ok && q.exec();
+        if (!ok && error.isEmpty())
+            error = describe(q.lastError());
+    };
     QHash<QString, int> newTypes;
+    QHash<QString, QList<qint64>> newPieceIds;
     bool copied = false;
     for (auto it = changes.cbegin(); ok && it != changes.cend(); ++it) {
         const QString &key = it.key();
         const auto oldType = m_types.constFind(key);
-        if (!it->isValid()) {
-            if (oldType != m_types.cend() && (unseen || m_unreadable.contains(key))) {
-                ok = copyRow(key, error);
-                copied = true;
-            }
-            del.bindValue(0, key);
-            ok = ok && del.exec();
-            if (!ok && error.isEmpty())
-                error = describe(del.lastError());
-            continue;
-        }
-        const auto [type, bound] = encodeValue(*it);
+        const bool hadPieces = oldType != m_types.cend() && *oldType == PiecesType;
+        const bool pieces = isJsonArray(*it);
+        const auto [plainType, bound] = it->isValid() && !pieces ? encodeValue(*it) : std::pair<int, QVariant>();
+        const int type = pieces ? int(PiecesType) : plainType;
         // A value of another type, or one that could not be read, goes to
-        // the recovered copies before it is replaced.
-        if (oldType != m_types.cend() && (unseen || *oldType != type || m_unreadable.contains(key))) {
+        // the recovered copies before it is replaced. Data kept whole or as
+        // pieces is the same type.
+        const bool sameType = oldType != m_types.cend()
+            && (*oldType == type || (type == DataType && hadPieces) || (type == PiecesType && *oldType == DataType));
+        if (oldType != m_types.cend() && (unseen || m_unreadable.contains(key) || (type != 0 && !sameType))) {
             ok = copyRow(key, error);
             copied = true;
         }
-        if (type == DataType && handle) {
+        // Pieces a readable list did not name, or that a plain value replaces.
+        if (hadPieces && (!pieces || !m_pieceIds.contains(key))) {
+            delPieces.bindValue(0, key);
+            run(delPieces);
+        }
+        if (!it->isValid()) {
+            del.bindValue(0, key);
+            run(del);
+            continue;
+        }
+        if (pieces) {
+            QList<qint64> ids;
+            ok = ok && writePieces(key, it->value<JsonArray>(), ids, error);
+            put.bindValue(0, key);
+            put.bindValue(1, type);
+            put.bindValue(2, idsText(ids));
+            run(put);
+            newPieceIds.insert(key, ids);
+        } else if (type == DataType && handle) {
             const QByteArray bytes = bound.toByteArray();
             putBlob.bindValue(0, key);
             putBlob.bindValue(1, type);
             putBlob.bindValue(2, qint64(bytes.size()));
-            ok = ok && putBlob.exec();
-            if (!ok && error.isEmpty())
-                error = describe(putBlob.lastError());
-            ok = ok && fillBlob(handle, putBlob.lastInsertId().toLongLong(), bytes, error);
+            run(putBlob);
+            ok = ok && fillBlob(handle, "prefs", putBlob.lastInsertId().toLongLong(), bytes, error);
         } else {
             put.bindValue(0, key);
             put.bindValue(1, type);
             put.bindValue(2, bound);
-            ok = ok && put.exec();
-            if (!ok && error.isEmpty())
-                error = describe(put.lastError());
+            run(put);
         }
         newTypes.insert(key, type);
     }
     put.finish();
     putBlob.finish();
     del.finish();
+    delPieces.finish();
     if (ok)
         ok = exec(db, QStringLiteral("COMMIT"), error);
     if (!ok) {
@@ -396,9 +526,14 @@ bool SqlitePreferencesStore::writeChanges(const Changes &changes, QString &error
     }
     for (auto it = changes.cbegin(); it != changes.cend(); ++it) {
         m_unreadable.remove(it.key());
+        m_pieceIds.remove(it.key());
         if (it->isValid()) {
-            m_values.insert(it.key(), *it);
+            // Hints are for one write only.
+            m_values.insert(it.key(),
+                            isJsonArray(*it) ? QVariant::fromValue(JsonArray{it->value<JsonArray>().elements, {}}) : *it);
             m_types.insert(it.key(), newTypes.value(it.key()));
+            if (newPieceIds.contains(it.key()))
+                m_pieceIds.insert(it.key(), newPieceIds.value(it.key()));
         } else {
             m_values.remove(it.key());
             m_types.remove(it.key());
@@ -407,6 +542,63 @@ bool SqlitePreferencesStore::writeChanges(const Changes &changes, QString &error
     m_retry.stop();
     if (copied)
         status().noteRecovered(recoveredPlace());
+    return true;
+}
+
+// Writes the elements of `value` that the stored ones do not already hold,
+// each as a row of its own, and drops the stored ones it no longer names.
+bool SqlitePreferencesStore::writePieces(const QString &key, const JsonArray &value, QList<qint64> &ids,
+                                         QString &error)
+{
+    QSqlDatabase db = QSqlDatabase::database(m_connection, false);
+    const QList<qint64> oldIds = m_pieceIds.value(key);
+    const QVariant old = oldIds.isEmpty() ? QVariant() : m_values.value(key);
+    const QList<qsizetype> reused = kept(isJsonArray(old) ? old.value<JsonArray>().elements : QByteArrayList(), value);
+
+    // Dropped first, so that the new rows can take their pages.
+    QList<bool> keep(oldIds.size(), false);
+    for (qsizetype r : reused) {
+        if (r >= 0)
+            keep[r] = true;
+    }
+    QSqlQuery drop(db);
+    drop.prepare(QStringLiteral("DELETE FROM pieces WHERE id = ?"));
+    for (qsizetype j = 0; j < oldIds.size(); ++j) {
+        if (keep[j])
+            continue;
+        drop.bindValue(0, oldIds[j]);
+        if (!drop.exec()) {
+            error = describe(drop.lastError());
+            return false;
+        }
+    }
+
+    sqlite3 *handle = handleOf(db);
+    QSqlQuery insert(db);
+    insert.prepare(handle ? QStringLiteral("INSERT INTO pieces (key, value) VALUES (?, zeroblob(?))")
+                          : QStringLiteral("INSERT INTO pieces (key, value) VALUES (?, ?)"));
+    ids.clear();
+    ids.reserve(value.elements.size());
+    for (qsizetype i = 0; i < value.elements.size(); ++i) {
+        if (reused[i] >= 0) {
+            ids.append(oldIds[reused[i]]);
+            continue;
+        }
+        const QByteArray &bytes = value.elements[i];
+        insert.bindValue(0, key);
+        if (handle)
+            insert.bindValue(1, qint64(bytes.size()));
+        else
+            insert.bindValue(1, bytes.isNull() ? QByteArray("", 0) : bytes);
+        if (!insert.exec()) {
+            error = describe(insert.lastError());
+            return false;
+        }
+        const qint64 id = insert.lastInsertId().toLongLong();
+        if (handle && !fillBlob(handle, "pieces", id, bytes, error))
+            return false;
+        ids.append(id);
+    }
     return true;
 }
 
