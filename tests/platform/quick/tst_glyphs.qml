@@ -71,7 +71,7 @@ Item {
         // than the em box, so the grab cuts nothing off.
         function test_everySymbolDrawsCentred() {
             // The tutorial's section icons come from C++; identifiers are exact.
-            verify(TutorialContent.sections.every(section => Symbols.contains(section.icon)))
+            verify(Array.from(TutorialContent.sections).every(section => Symbols.contains(section.icon)))
             verify(!Symbols.contains("Pin") && !Symbols.contains(""))
             const frame = createTemporaryObject(frameComponent, scene)
             const icon = frame.children[0]
