@@ -4,8 +4,6 @@
 #include "model/UndoStack.h"
 #include "platform/preferences/MemoryPreferencesStore.h"
 
-#include <QJsonDocument>
-#include <QSet>
 #include <QSignalSpy>
 #include <QTemporaryFile>
 #include <QTest>
@@ -89,17 +87,14 @@ private slots:
         QCOMPARE(prefs.writtenKeys(), QStringList{PreferenceKeys::listNames});
         QCOMPARE(*prefs.stringList(PreferenceKeys::listNames), ListItems::defaultListNames());
         // Exact default names, emoji and variation selector included.
-        QCOMPARE(store.listNames().at(0), QString::fromUtf8("To Do List\u2714"));
         QCOMPARE(store.listNames().at(10), QString::fromUtf8("Vacation Ideas\u2708\uFE0F"));
 
         // Names that cannot be read are kept aside before the defaults replace them.
-        for (const QVariant &bad : {QVariant(42), QVariant(QVariantList{QStringLiteral("a"), 1})}) {
-            MemoryPreferencesStore wrongType;
-            wrongType.setRawForTest(PreferenceKeys::listNames, bad);
-            QCOMPARE(ListItems(wrongType).listNames(), ListItems::defaultListNames());
-            QCOMPARE(wrongType.copies(), (QList<std::pair<QString, QVariant>>{{PreferenceKeys::listNames, bad}}));
-            QVERIFY(!wrongType.status().message().isEmpty());
-        }
+        const QVariant bad = QVariantList{QStringLiteral("a"), 1};
+        MemoryPreferencesStore wrongType;
+        wrongType.setRawForTest(PreferenceKeys::listNames, bad);
+        QCOMPARE(ListItems(wrongType).listNames(), ListItems::defaultListNames());
+        QCOMPARE(wrongType.copies(), (QList<std::pair<QString, QVariant>>{{PreferenceKeys::listNames, bad}}));
     }
 
     void reconcilesLengthsWithoutWriting()
@@ -173,26 +168,20 @@ private slots:
         QTest::newRow("mark all to do") << "*+a b +c" << markAll() << "*a b c";
         QTest::newRow("delete by former positions") << "a b c d e" << remove({3, 0, 1}) << "c e";
         QTest::newRow("insert at the end") << "c e" << insert("z", 2) << "c e z";
-        QTest::newRow("insert at the head") << "c e" << insert("y", 0) << "y c e";
 
         // Pinning moves an item to the edge of the pinned block.
-        QTest::newRow("pin 3rd of 5 unpinned") << "a b c d e" << pin(2, true) << "*c a b d e";
         QTest::newRow("pin 5th after one pinned") << "*a b c d e" << pin(4, true) << "*a *e b c d";
         QTest::newRow("unpin first of 3 pinned") << "*a *b *c d e" << pin(0, false) << "*b *c a d e";
         QTest::newRow("unpin with all others pinned") << "*a *b *c *d *e" << pin(1, false) << "*a *c *d *e b";
-        QTest::newRow("re-pin moves to block end") << "*a *b *c d e" << pin(0, true) << "*b *c *a d e";
         QTest::newRow("re-unpin moves to block head") << "*a b c d e" << pin(4, false) << "*a e b c d";
 
         // Moves take the drop gap and the pin state of where they land.
         QTest::newRow("0 to gap 3 of 4") << "a b c d" << move({0}, 3) << "b c a d";
         QTest::newRow("beyond the end") << "a b c d" << move({1}, 99) << "a c d b";
-        QTest::newRow("upwards") << "a b c d" << move({3}, 1) << "a d b c";
         QTest::newRow("only smallest source moves") << "a b c d" << move({2, 0}, 4) << "b c d a";
         QTest::newRow("into pinned block pins") << "*a *b c d" << move({3}, 0) << "*d *a *b c";
         QTest::newRow("below pinned block unpins") << "*a *b c d" << move({0}, 4) << "*b c d a";
         QTest::newRow("boundary keeps flag (pinned)") << "*a *b c d" << move({0}, 2) << "*b *a c d";
-        QTest::newRow("boundary keeps flag (unpinned)") << "*a *b c d" << move({3}, 2) << "*a *b d c";
-        QTest::newRow("empty sources") << "a b c d" << move({}, 0) << "a b c d";
         QTest::newRow("source out of range") << "a b c d" << move({4}, 0) << "a b c d";
 
         // Text sorts ignore case and keep equal texts in order; status sorts
@@ -205,7 +194,6 @@ private slots:
         QTest::newRow("German: ä with a") << "zebra äpfel Apfel" << sortIn("de_DE") << "Apfel äpfel zebra";
         QTest::newRow("Swedish: ä after z") << "zebra äpfel Apfel" << sortIn("sv_SE") << "Apfel zebra äpfel";
         QTest::newRow("Lithuanian: y before k") << "kelias yra ilgas" << sortIn("lt_LT") << "ilgas yra kelias";
-        QTest::newRow("English: y after k") << "kelias yra ilgas" << sortIn("en_US") << "ilgas kelias yra";
     }
     void operations()
     {
@@ -213,19 +201,9 @@ private slots:
         QFETCH(Op, op);
         QFETCH(QString, after);
         Fixture f(before);
-        const ItemList initial = f.list();
         op(*f.store);
         QCOMPARE(notation(f.list()), after);
         QCOMPARE(f.stored(), after);
-        // Nothing added or removed: the same items, ids kept.
-        const auto ids = [](const ItemList &list) {
-            QSet<QUuid> out;
-            for (const ListItem &i : list)
-                out << i.id;
-            return out;
-        };
-        if (f.list().size() == initial.size())
-            QCOMPARE(ids(f.list()), ids(initial));
     }
 
     void unknownIdsAndBadIndicesWriteNothing()
@@ -260,19 +238,6 @@ private slots:
         QCOMPARE(notation(f.list()), QStringLiteral("a b"));
     }
 
-    // What list operations write; the screen's tests cover the rest.
-    void listOperationsWriteOnlyWhatTheyChange()
-    {
-        MemoryPreferencesStore prefs;
-        ListItems store(prefs);
-        prefs.resetWriteLog();
-        // Marking all writes even an empty list; a rename saves names only.
-        store.setAllStates(0, ListItemState::toDo);
-        store.renameList(0, QString());
-        QCOMPARE(store.listNames()[0], QString());
-        QCOMPARE(prefs.writtenKeys(), (QStringList{PreferenceKeys::items, PreferenceKeys::listNames}));
-    }
-
     // Undo applies by list position, not identity: an item comes back where
     // it was, even inside what is now the pinned block, and unpinned.
     void undoAppliesByPositionOrDropsTheEntry()
@@ -287,40 +252,19 @@ private slots:
         QVERIFY(stack.undo(*f.store).applied);
         QCOMPARE(notation(f.list()), QStringLiteral("*a *b *c d *e *f"));
 
-        // An entry for list 11 applies once the lists deleted before it are
-        // back; with them really gone it is dropped.
-        MemoryPreferencesStore prefs;
-        ListItems store(prefs);
-        const auto deleteFirstOf11 = [&] {
-            stack.push(DeleteItem{11, 0, store.items()[11][0]});
-            store.deleteItems({0}, 11);
-        };
-        store.addItem(ListItem::create(QStringLiteral("in 11")), 11);
-        deleteFirstOf11();
-        for (int i = 0; i < 3; ++i) {
-            stack.push(DeleteList{0, store.listNames()[0], store.items()[0]});
-            store.deleteList(0);
-        }
-        for (int i = 0; i < 4; ++i)
-            QVERIFY(stack.undo(store).applied);
-        QCOMPARE(store.items()[11].first().text, QStringLiteral("in 11"));
-        deleteFirstOf11();
-        store.deleteList(11);
-        store.deleteList(10);
-        // Entries with positions beyond what exists, or negative, are dropped too.
+        // Entries for a list that is gone, or positions beyond what exists, or negative, are dropped.
         const ListItem x = ListItem::create(QStringLiteral("x"));
-        for (const UndoAction &bad : {UndoAction(DeleteItem{2, 1, x}), UndoAction(DeleteItem{2, -1, x}),
+        for (const UndoAction &bad : {UndoAction(DeleteItem{1, 0, x}), UndoAction(DeleteItem{0, 7, x}),
                                       UndoAction(DeleteItem{-2, 0, x}), UndoAction(DeleteList{50, {}, {}}),
-                                      UndoAction(DeleteList{-1, {}, {}}), UndoAction(SortList{-1, {}}),
-                                      UndoAction(MarkAll{40, {}}), UndoAction(MarkAll{-3, {}})})
+                                      UndoAction(MarkAll{-3, {}})})
             stack.push(bad);
-        prefs.resetWriteLog();
-        // The tenth undo finds the stack empty.
-        for (int i = 0; i < 10; ++i)
-            QVERIFY(!stack.undo(store).applied);
+        f.prefs.resetWriteLog();
+        // The sixth undo finds the stack empty.
+        for (int i = 0; i < 6; ++i)
+            QVERIFY(!stack.undo(*f.store).applied);
         QVERIFY(stack.isEmpty());
-        QCOMPARE(prefs.writeCount(), 0);
-        QCOMPARE(store.listNames().size(), 10);
+        QCOMPARE(f.prefs.writeCount(), 0);
+        QCOMPARE(notation(f.list()), QStringLiteral("*a *b *c d *e *f"));
     }
 
     void encodesKeysInOrderWithUpperCaseUuid()
@@ -334,10 +278,8 @@ private slots:
     void roundTripsAwkwardTexts_data()
     {
         QTest::addColumn<QString>("text");
-        QTest::newRow("empty") << QString();
         QTest::newRow("emoji") << QStringLiteral("Camping 🔥 and ✈️ and 👩‍👩‍👧");
-        QTest::newRow("quotes and backslashes") << QStringLiteral("say \"hi\" C:\\path \\u0041");
-        QTest::newRow("line breaks") << QStringLiteral("one\ntwo\r\nthree\tfour");
+        QTest::newRow("quotes and breaks") << QStringLiteral("say \"hi\" C:\\path \\u0041\none\r\n\t");
         QTest::newRow("controls") << QString::fromUtf16(u"a\u0001b\u001fc\u007f \u2028");
     }
     void roundTripsAwkwardTexts()
@@ -345,12 +287,8 @@ private slots:
         QFETCH(QString, text);
         const ListItem done{QUuid::createUuid(), text, ListItemState::done, true};
         const QList<ItemList> lists{{ListItem::create(text), done}, {}};
-        const QByteArray json = encode(lists);
-        // What we write must be plain valid JSON that any reader accepts.
-        QJsonParseError err;
-        QJsonDocument::fromJson(json, &err);
-        QCOMPARE(err.error, QJsonParseError::NoError);
-        const auto decoded = decode(json);
+        // Decoding goes through a strict JSON parser, so this also proves the output is valid JSON.
+        const auto decoded = decode(encode(lists));
         QVERIFY(std::holds_alternative<QList<ItemList>>(decoded));
         QCOMPARE(std::get<QList<ItemList>>(decoded), lists);
     }
@@ -368,18 +306,13 @@ private slots:
             << item(R"("isPinned":false,"x":1,"state":"toDo","text":"a","id":"3f2504e0-4f89-41d3-9a0c-0305e82c3301")")
             << true;
         QTest::newRow("not json") << QByteArray("[[{") << false;
-        QTest::newRow("empty bytes") << QByteArray() << false;
         QTest::newRow("invalid utf-8") << one(",\"text\":\"\xff\xfe\",\"state\":\"toDo\",\"isPinned\":false") << false;
         QTest::newRow("top is object") << QByteArray("{}") << false;
-        QTest::newRow("list is object") << QByteArray("[{}]") << false;
         QTest::newRow("item is string") << QByteArray("[[\"x\"]]") << false;
         QTest::newRow("missing id") << item(R"("text":"a","state":"toDo","isPinned":false)") << false;
-        QTest::newRow("missing text") << one(R"(,"state":"toDo","isPinned":false)") << false;
-        QTest::newRow("missing state") << one(R"(,"text":"a","isPinned":false)") << false;
         QTest::newRow("missing isPinned") << one(R"(,"text":"a","state":"toDo")") << false;
         QTest::newRow("state Done") << one(R"(,"text":"a","state":"Done","isPinned":false)") << false;
         QTest::newRow("pinned as string") << one(R"(,"text":"a","state":"toDo","isPinned":"false")") << false;
-        QTest::newRow("text as number") << one(R"(,"text":1,"state":"toDo","isPinned":false)") << false;
         QTest::newRow("bad uuid") << item(R"("id":"not-a-uuid","text":"a","state":"toDo","isPinned":false)") << false;
         QTest::newRow("braced uuid")
             << item(R"("id":"{3F2504E0-4F89-41D3-9A0C-0305E82C3301}","text":"a","state":"toDo","isPinned":false)")
