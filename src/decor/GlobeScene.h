@@ -41,7 +41,7 @@ public:
     struct Node
     {
         NodeKind kind = NodeKind::Root;
-        int parent = -1; // index into nodes(); -1 for the root
+        int parent = -1; // index of the parent node; -1 for the root
         Position position;
     };
 
@@ -64,10 +64,7 @@ public:
 
     explicit GlobeScene(Variant variant);
 
-    const std::vector<Node> &nodes() const { return m_nodes; }
-
     int rootIndex() const { return 0; }
-    int cameraIndex() const { return 1; }
     int tiltIndex() const { return 2; }
     int spinIndex() const { return m_spinIndex; } // -1 when the globe stands still
     int dotParentIndex() const { return m_dotParentIndex; }
