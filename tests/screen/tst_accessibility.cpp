@@ -8,8 +8,6 @@
 #include "RecordingShareSheet.h"
 #include "appearance/Appearance.h"
 #include "model/ItemsCodec.h"
-#include "model/ListItems.h"
-#include "platform/FontLoader.h"
 #include "platform/QmlServices.h"
 #include "platform/preferences/MemoryPreferencesStore.h"
 #include "screen/InputBar.h"
@@ -18,8 +16,6 @@
 #include "screen/SortAndUndo.h"
 
 #include <QAccessible>
-#include <QDBusConnection>
-#include <QDBusMessage>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickStyle>
@@ -30,13 +26,6 @@
 #include <memory>
 
 Q_IMPORT_QML_PLUGIN(MurvanePlugin)
-
-namespace {
-
-// A node of the tree, keyed by what it is and which of its kind in tree order.
-using Node = std::pair<QString, QAccessibleInterface *>;
-
-} // namespace
 
 class TestAccessibility : public QObject
 {
@@ -52,16 +41,16 @@ class TestAccessibility : public QObject
     // What the plain screen holds, which a scene over it need not act on again.
     QSet<QString> m_plainKeys;
 
-    QList<Node> tree()
+    // The tree's nodes, each keyed by what it is and which of its kind in
+    // tree order.
+    QList<std::pair<QString, QAccessibleInterface *>> tree()
     {
-        QList<Node> out;
+        QList<std::pair<QString, QAccessibleInterface *>> out;
         QHash<QString, int> seen;
         const std::function<void(QAccessibleInterface *)> walk = [&](QAccessibleInterface *iface) {
-            const QObject *object = iface->object();
-            const QString what = QStringLiteral("%1 \"%2\" (%3 %4)")
+            const QString what = QStringLiteral("%1 \"%2\" %3")
                                      .arg(QMetaEnum::fromType<QAccessible::Role>().valueToKey(iface->role()),
-                                          iface->text(QAccessible::Name), object->metaObject()->className(),
-                                          object->objectName());
+                                          iface->text(QAccessible::Name), iface->object()->objectName());
             out.append({what + " #" + QString::number(seen[what]++), iface});
             for (int i = 0; i < iface->childCount(); ++i)
                 if (QAccessibleInterface *child = iface->child(i))
@@ -72,20 +61,18 @@ class TestAccessibility : public QObject
     }
 
     // Everything an action could change: the screen's state, what was
-    // played, the focus, and the tree (popups open and shut).
+    // played, the focus, and the tree (popups open and shut, the lists).
     QString snapshot()
     {
-        QStringList parts = m_screen->store()->listNames();
-        for (const ItemList &items : m_screen->store()->items())
-            parts << markedTexts(items).join(',');
+        QStringList parts;
         const QObject *services[] = {m_screen.get(), m_screen->lists(), m_screen->inputBar(),
                                      m_screen->sortAndUndo(), &m_appearance, &m_sheet};
         for (const QObject *part : services)
             for (int i = QObject::staticMetaObject.propertyCount(); i < part->metaObject()->propertyCount(); ++i)
                 parts << part->metaObject()->property(i).read(part).toString();
         parts << QString::number(m_haptics.events.size()) << QString::number(quintptr(m_view->activeFocusItem()));
-        for (const Node &node : tree())
-            parts << node.first;
+        for (const auto &[key, iface] : tree())
+            parts << key;
         return parts.join('|');
     }
 
@@ -112,7 +99,6 @@ class TestAccessibility : public QObject
     {
         m_view->setSource({});
         QTest::qWait(1); // a share asked for shows on the next turn: before the dismiss
-        m_appearance.setThemeKey(PreferenceKeys::defaultSelectedThemeKey);
         m_appearance.setSchemeKey(PreferenceKeys::defaultAppColorScheme);
         m_prefs.remove(PreferenceKeys::selectedListIndex);
         m_prefs.setStringList(PreferenceKeys::listNames, {"Home", "Work", "Trip"});
@@ -128,16 +114,16 @@ class TestAccessibility : public QObject
         settle();
         if (press.isEmpty())
             return true;
-        QAccessibleInterface *button = find([&](const Node &n) {
-            return n.second->text(QAccessible::Name) == press && n.second->actionInterface();
-        });
+        QAccessibleInterface *button = find(press);
         return button && acts(button, QAccessibleActionInterface::pressAction());
     }
-    QAccessibleInterface *find(const std::function<bool(const Node &)> &which)
+    // The node of that key, or else the first acting one of that name.
+    QAccessibleInterface *find(const QString &keyOrName)
     {
-        const QList<Node> nodes = tree();
-        const auto it = std::find_if(nodes.begin(), nodes.end(), which);
-        return it == nodes.end() ? nullptr : it->second;
+        for (const auto &[key, iface] : tree())
+            if (key == keyOrName || (iface->text(QAccessible::Name) == keyOrName && iface->actionInterface()))
+                return iface;
+        return nullptr;
     }
     // Does the action, waits for it to change something and to settle.
     bool acts(QAccessibleInterface *iface, const QString &action)
@@ -155,14 +141,6 @@ private slots:
         qputenv("QSG_RENDER_LOOP", "basic");
         // Controls give themselves roles once assistive technology is on.
         QAccessible::setActive(true);
-        // Qt's AT-SPI bridge comes up, as for a screen reader, once the
-        // accessibility bus runs on the test's own session bus.
-        qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
-        QAccessible::isActive(); // makes the bridge, which waits for the bus
-        QDBusConnection::sessionBus().call(
-            QDBusMessage::createMethodCall("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress"));
-        QVERIFY2(QTest::qWaitFor([] { return QAccessible::isActive(); }, 5000), "no AT-SPI bus (at-spi2-core)");
-        FontLoader::loadBundledFonts();
         QQuickStyle::setStyle("Basic");
         auto *engine = new QQmlEngine(this);
         engine->addImportPath("qrc:/qt/qml");
@@ -177,23 +155,21 @@ private slots:
         m_view->requestActivate();
         QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
         QVERIFY(open());
-        for (const Node &node : tree())
-            m_plainKeys.insert(node.first);
+        for (const auto &[key, iface] : tree())
+            m_plainKeys.insert(key);
     }
 
     // Each scene is reached by pressing a control by name on a fresh screen.
     void everyControlNamedAndActing_data()
     {
         QTest::addColumn<QString>("press");
-        QTest::addColumn<QStringList>("mustHave");
-        QTest::newRow("screen") << QString() << QStringList{"List Name", "New Item", "Milk", "Done", "Move Down"};
-        QTest::newRow("menu") << "Menu" << QStringList{"Rate Murvane!", "Reset Dots", "Themes"};
-        QTest::newRow("share sheet") << "Share" << QStringList{"Share List", "Copy", "Cancel"};
+        QTest::newRow("screen") << QString();
+        QTest::newRow("menu") << "Menu";
+        QTest::newRow("share sheet") << "Share";
     }
     void everyControlNamedAndActing()
     {
         QFETCH(QString, press);
-        QFETCH(QStringList, mustHave);
         QVERIFY2(open(press), "the scene could not be reached");
         QStringList failures;
         // What to act on is taken down first: each action gets a new screen.
@@ -202,7 +178,6 @@ private slots:
         for (const auto &[key, iface] : tree()) {
             const QString name = iface->text(QAccessible::Name);
             const QObject *object = iface->object();
-            mustHave.removeAll(name);
             // What offers an action is acted on, so it says what it is. Scroll
             // bars go unnamed, and have nowhere to go over these short lists.
             const bool actionable = iface->actionInterface() && iface->role() != QAccessible::ScrollBar;
@@ -230,13 +205,12 @@ private slots:
                     targets.append({key, action});
         }
         QVERIFY2(failures.isEmpty(), qPrintable(failures.join('\n')));
-        QVERIFY2(mustHave.isEmpty(), qPrintable(mustHave.join(", ") + " not in the tree"));
         QVERIFY(!targets.isEmpty());
 
         // Every action of every enabled control the scene adds, each on a fresh screen.
         for (const auto &[key, action] : std::as_const(targets)) {
             QVERIFY(open(press));
-            QAccessibleInterface *same = find([&](const Node &n) { return n.first == key; });
+            QAccessibleInterface *same = find(key);
             QVERIFY2(same, qPrintable(key));
             QVERIFY2(acts(same, action), qPrintable(action + " changes nothing: " + key));
         }
@@ -247,9 +221,7 @@ private slots:
     {
         QVERIFY(open());
         const auto focusedName = [this] {
-            QQuickItem *focused = m_view->activeFocusItem();
-            QAccessibleInterface *iface = focused ? QAccessible::queryAccessibleInterface(focused) : nullptr;
-            return iface ? iface->text(QAccessible::Name) : QString();
+            return QAccessible::queryAccessibleInterface(m_view->activeFocusItem())->text(QAccessible::Name);
         };
         // "Move List Left" is disabled on the first list.
         const QStringList order = {"Delete List", "List Name", "New List", "Move List Right", "Home", "Work", "Trip",
