@@ -338,9 +338,8 @@ private slots:
         QCOMPARE(s.stored(), QStringList{"Oat milk"});
         QCOMPARE(s.input().editingItemId(), QString());
 
-        // The window going to the background or a menu taking the keys
-        // keeps the edit; the user leaving the field ends it, so the next
-        // submit adds.
+        // The window going to the background keeps the edit; the user
+        // leaving the field ends it, so the next submit adds.
         s.rows().edit(milk);
         s.input().setNewItem(QStringLiteral("Milk dr"));
         s.input().fieldFocusChanged(false, Qt::ActiveWindowFocusReason);
