@@ -191,7 +191,7 @@ QHash<int, QByteArray> DisplayedItemsModel::roleNames() const
         {IsPinnedRole, "isPinned"},
         {PositionRole, "position"},
         {RotationAngleRole, "rotationAngle"},
-        {DisplayTextRole, "displayText"},
+        {DisplayTextRole, "itemText"},
     };
 }
 

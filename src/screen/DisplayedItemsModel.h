@@ -26,7 +26,7 @@ public:
         IsPinnedRole,                  // "isPinned"
         PositionRole,                  // "position": index in the stored list
         RotationAngleRole,             // "rotationAngle": degrees
-        DisplayTextRole,               // "displayText": the text as a row shows it
+        DisplayTextRole,               // "itemText": the text as a row shows it
     };
 
     explicit DisplayedItemsModel(ListItems *store, QObject *parent = nullptr);

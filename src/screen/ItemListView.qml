@@ -178,9 +178,14 @@ ListView {
         id: row
 
         required property int index
+        // Each role fills the row property of its name. Read through
+        // `model`, they would run in the script engine and leave a string
+        // for the collector on every row recycled while scrolling.
         required itemId
-        // The other roles go to properties the row already has.
-        required property var model
+        required itemText
+        required isDone
+        required isPinned
+        required rotationAngle
 
         readonly property bool dragged: list.dragFrom === index
         // How far the row steps aside to open the gap for a dragged row.
@@ -202,11 +207,7 @@ ListView {
         }
         ListView.onReused: row.animatesTurns = true
         width: ListView.view.width
-        itemText: model.displayText
-        isDone: model.isDone
         animatesStates: list.screen.sortAndUndo.markingAll
-        isPinned: model.isPinned
-        rotationAngle: model.rotationAngle
         z: dragged ? 5 : 0
         scale: dragged ? 1.03 : 1
         swipeEnabled: list.dragFrom < 0

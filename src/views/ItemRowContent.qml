@@ -8,7 +8,9 @@ import Murvane
 Item {
     id: root
 
-    property string itemText
+    // Held by the text item itself: a string property declared here would
+    // be one more script-engine copy of the text of every recycled row.
+    property alias itemText: label.text
     property bool isDone
     property bool isPinned
     property real rotationAngle
@@ -62,7 +64,6 @@ Item {
             rightPadding: 8
             topPadding: 4
             bottomPadding: 4
-            text: root.itemText
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
             horizontalAlignment: Text.AlignLeft

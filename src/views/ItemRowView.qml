@@ -12,6 +12,8 @@ Item {
 
     // The shown item's id, so the list can follow its row.
     property string itemId
+    // The one script-engine copy of the text; the content hands it straight
+    // to its text item.
     property string itemText
     property bool isDone
     property bool isPinned
