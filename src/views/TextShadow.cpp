@@ -48,10 +48,14 @@ QImage TextShadow::render(const QString &text, const QFont &font, qreal sigma, q
 {
     const QFontMetricsF metrics(font);
     const qreal textWidth = metrics.horizontalAdvance(text);
-    const qreal dpr = devicePixelRatio > 0 && std::isfinite(devicePixelRatio) ? devicePixelRatio : 1;
+    qreal dpr = devicePixelRatio > 0 && std::isfinite(devicePixelRatio) ? devicePixelRatio : 1;
     if (text.isEmpty() || textWidth <= 0 || !std::isfinite(sigma))
         return {};
     sigma = std::max(sigma, 0.0);
+    // A blur this wide has no detail a finer picture would show: half the
+    // pixels each way, stretched when drawn, look the same.
+    if (sigma * dpr >= 4)
+        dpr /= 2;
     const qreal edge = margin(sigma);
     const int width = int(std::ceil((textWidth + 2 * edge) * dpr));
     const int height = int(std::ceil((metrics.height() + 2 * edge) * dpr));
@@ -158,7 +162,7 @@ void TextShadow::updatePolish()
     } else {
         // Premultiplied colour times the blurred coverage.
         m_image = QImage(alpha.size(), QImage::Format_ARGB32_Premultiplied);
-        m_image.setDevicePixelRatio(dpr);
+        m_image.setDevicePixelRatio(alpha.devicePixelRatio());
         const qreal strength = m_color.alphaF();
         for (int y = 0; y < alpha.height(); ++y) {
             const uchar *in = alpha.constScanLine(y);
@@ -189,10 +193,7 @@ QSGNode *TextShadow::updatePaintNode(QSGNode *old, UpdatePaintNodeData *)
     }
     if (m_imageChanged) {
         m_imageChanged = false;
-        // In the shared atlas, the shadows of all chips draw in one batch.
-        node->setTexture(window()->createTextureFromImage(
-            m_image, QQuickWindow::CreateTextureOptions(QQuickWindow::TextureHasAlphaChannel)
-                         | QQuickWindow::TextureCanUseAtlas));
+        node->setTexture(window()->createTextureFromImage(m_image, QQuickWindow::TextureHasAlphaChannel));
     }
     node->setRect(boundingRect());
     return node;
