@@ -3,7 +3,8 @@
 // copied before it is replaced, and names and items agree afterwards.
 //
 // Input: for each key in turn, one byte of row type, one byte of SQL storage
-// class (blob, text or integer), two bytes of length, then that many bytes.
+// class (blob, text or integer), two bytes of length, then that many bytes;
+// then the pieces of split values, each with a key byte, a length and bytes.
 #include "model/ItemsCodec.h"
 #include "model/ListItems.h"
 #include "platform/preferences/SqlitePreferencesStore.h"
@@ -58,6 +59,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     QSqlQuery q(db);
     q.exec(QStringLiteral("DELETE FROM prefs"));
     q.exec(QStringLiteral("DELETE FROM recovered"));
+    q.exec(QStringLiteral("DELETE FROM pieces"));
     q.prepare(QStringLiteral("INSERT INTO prefs (key, type, value) VALUES (?, ?, ?)"));
     size_t at = 0;
     for (const QString &key : keys) {
@@ -79,6 +81,18 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         if (!q.exec())
             std::abort();
     }
+    // What is left: the pieces a row may name, ids 1, 2, ... each one byte
+    // choosing its key, two of length, then its bytes.
+    q.prepare(QStringLiteral("INSERT INTO pieces (id, key, value) VALUES (?, ?, ?)"));
+    for (qint64 id = 1; size - at >= 3; ++id) {
+        const size_t length = std::min<size_t>(size - at - 3, size_t(data[at + 1]) | size_t(data[at + 2]) << 8);
+        q.bindValue(0, id);
+        q.bindValue(1, keys[data[at] % keys.size()]);
+        q.bindValue(2, QByteArray(reinterpret_cast<const char *>(data + at + 3), qsizetype(length)));
+        at += 3 + length;
+        if (!q.exec())
+            std::abort();
+    }
     q.finish();
     QHash<QString, QVariantList> original;
     QSqlQuery rows(db);
@@ -90,6 +104,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 
     bool namesRead = false;
     bool itemsRead = false;
+    // A row of pieces that could all be found is copied as the document
+    // they make up; any other row as it was stored.
+    QHash<QString, QByteArray> joined;
     {
         // Quiet the decoder's diagnostic line.
         std::FILE *out = std::freopen("/dev/null", "w", stdout);
@@ -98,6 +115,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         if (!store.isOpen())
             std::abort();
         // What the app can read as it is; anything else must be copied.
+        for (const auto &[key, row] : original.asKeyValueRange())
+            if (const auto bytes = store.data(key); bytes && row[0].toInt() == SqlitePreferencesStore::PiecesType)
+                joined.insert(key, *bytes);
         const auto before = store.stringList(PreferenceKeys::listNames);
         namesRead = before.has_value();
         if (const auto bytes = store.data(PreferenceKeys::items)) {
@@ -124,8 +144,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         QSqlQuery copied(db);
         copied.prepare(QStringLiteral("SELECT count(*) FROM recovered WHERE key = ? AND type IS ? "
                                       "AND typeof(value) = ? AND 'x' || hex(value) = ?"));
+        const QVariantList expected = joined.contains(key)
+            ? QVariantList{int(SqlitePreferencesStore::DataType), QStringLiteral("blob"),
+                           QString(u'x' + QString::fromLatin1(joined[key].toHex().toUpper()))}
+            : row;
         for (int i = 0; i < 4; ++i)
-            copied.bindValue(i, i == 0 ? QVariant(key) : row[i - 1]);
+            copied.bindValue(i, i == 0 ? QVariant(key) : expected[i - 1]);
         if (!copied.exec() || !copied.next() || copied.value(0).toInt() == 0)
             std::abort();
     }

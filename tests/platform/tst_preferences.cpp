@@ -141,6 +141,7 @@ private slots:
         QTest::newRow("names with a number") << names << 1 << QVariant(QStringLiteral("[\"a\",1]"));
         QTest::newRow("integer as text") << selection << 3 << QVariant(QStringLiteral("2"));
         QTest::newRow("unknown type") << scheme << 9 << QVariant(QByteArray("dark\xff", 5));
+        QTest::newRow("pieces not named as text") << items << 5 << QVariant(QByteArray("1,2"));
     }
 
     void unreadableRowsAreCopiedBeforeTheyAreReplaced()

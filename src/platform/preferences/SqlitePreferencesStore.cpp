@@ -330,13 +330,14 @@ std::optional<QByteArray> SqlitePreferencesStore::storedPieces(const QString &ke
 {
     QSqlDatabase db = QSqlDatabase::database(m_connection, false);
     QSqlQuery row(db);
-    row.prepare(QStringLiteral("SELECT value FROM prefs WHERE key = ?"));
+    row.prepare(QStringLiteral("SELECT typeof(value), value FROM prefs WHERE key = ?"));
     row.addBindValue(key);
     if (!row.exec()) {
         error = describe(row.lastError());
         return std::nullopt;
     }
-    const auto ids = row.next() ? parseIds(row.value(0).toString()) : std::nullopt;
+    const auto ids = row.next() && row.value(0).toString() == u"text" ? parseIds(row.value(1).toString())
+                                                                       : std::nullopt;
     if (!ids)
         return QByteArray();
     // What can be found of a damaged list is kept all the same.
@@ -372,20 +373,22 @@ bool SqlitePreferencesStore::copyRow(const QString &key, QString &error)
             error = describe(last.lastError());
             return false;
         }
-        if (last.next() && last.value(0).toInt() == DataType && last.value(1).toString() == u"blob"
-            && last.value(2).toByteArray() == bytes)
-            return true;
-        QSqlQuery q(db);
-        q.prepare(QStringLiteral("INSERT INTO recovered (at, key, type, value) VALUES (?, ?, ?, ?)"));
-        q.addBindValue(QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs));
-        q.addBindValue(key);
-        q.addBindValue(int(DataType));
-        q.addBindValue(bytes);
-        if (!q.exec()) {
-            error = describe(q.lastError());
-            return false;
+        if (!(last.next() && last.value(0).toInt() == DataType && last.value(1).toString() == u"blob"
+              && last.value(2).toByteArray() == bytes)) {
+            QSqlQuery q(db);
+            q.prepare(QStringLiteral("INSERT INTO recovered (at, key, type, value) VALUES (?, ?, ?, ?)"));
+            q.addBindValue(QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs));
+            q.addBindValue(key);
+            q.addBindValue(int(DataType));
+            q.addBindValue(bytes);
+            if (!q.exec()) {
+                error = describe(q.lastError());
+                return false;
+            }
         }
-        return true;
+        // A row that names pieces it has lost is kept too, as it stands.
+        if (m_pieceIds.contains(key))
+            return true;
     }
     // The same bytes as the latest copy need no second copy.
     QSqlQuery same(db);
