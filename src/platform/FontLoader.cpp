@@ -9,6 +9,7 @@
 #include <QFont>
 #include <QFontDatabase>
 #include <QGuiApplication>
+#include <QQuickWindow>
 #include <QSaveFile>
 #include <QStandardPaths>
 #include <QtEndian>
@@ -214,6 +215,11 @@ void loadBundledFonts()
     QFont::insertSubstitution(uiFamily, emoji);
     QFont::insertSubstitution(helveticaFamily, emoji);
     QGuiApplication::setFont(font);
+    // Text drawn from the glyphs the font engine rasterises, hinted for the
+    // pixel grid, rather than from distance fields: sharper at list sizes,
+    // and a plain texture lookup per pixel where a software rasteriser has to
+    // draw every frame on the processor.
+    QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
 }
 
 } // namespace FontLoader

@@ -12,8 +12,10 @@ inline const QString helveticaFamily = QStringLiteral("TeX Gyre Heros");
 inline const QString emojiFamily = QStringLiteral("Murvane Emoji");
 inline const QString iconFamily = QStringLiteral("Material Design Icons");
 
-// Registers the fonts with the application and makes Inter the default.
-// Missing files are skipped; the app then falls back to system fonts.
+// Registers the fonts with the application, makes Inter the default and has
+// Qt Quick draw text from the font engine's own glyphs. Call before the
+// first window. Missing files are skipped; the app then falls back to
+// system fonts.
 void loadBundledFonts();
 
 // A copy of a colour bitmap font (CBDT/CBLC, such as Noto Color Emoji)

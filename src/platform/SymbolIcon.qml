@@ -10,15 +10,16 @@ Item {
     property string name
     property real pointSize: 17
     property color color: "black"
-    // The icon font has one weight: a bold icon is the glyph with its own
-    // outline drawn round it.
+    // The icon font has one weight: a bold icon is the glyph's outline
+    // filled and stroked.
     property bool bold: false
 
     readonly property symbolSpec symbol: Symbols.symbol(name)
     readonly property real em: pointSize * Symbols.emScale
-    // A turned glyph is drawn as a shape: turned text is drawn with a
-    // pipeline of its own, which the first frame would wait for.
-    readonly property bool turnedGlyph: symbol.rotation !== 0 && symbol.glyph !== "" && symbol.badge === ""
+    // A turned glyph is drawn as a shape, since turned text is drawn with a
+    // pipeline of its own, which the first frame would wait for; so is a
+    // bold one.
+    readonly property bool drawnGlyph: (symbol.rotation !== 0 || bold) && symbol.glyph !== "" && symbol.badge === ""
 
     implicitWidth: pointSize
     implicitHeight: pointSize
@@ -35,7 +36,7 @@ Item {
 
         Text {
             id: glyph
-            visible: root.symbol.glyph !== "" && !root.turnedGlyph
+            visible: root.symbol.glyph !== "" && !root.drawnGlyph
             width: box.width
             // The baseline is placed from the font's own em box, so the
             // glyph is centred whatever line height the font reports.
@@ -43,8 +44,6 @@ Item {
             horizontalAlignment: Text.AlignHCenter
             text: root.symbol.glyph
             color: root.color
-            style: root.bold ? Text.Outline : Text.Normal
-            styleColor: root.color
             font.family: Symbols.fontFamily
             font.pixelSize: box.height
         }
@@ -68,7 +67,7 @@ Item {
     SymbolPath {
         readonly property real margin: Math.floor((root.width - root.em) / 2)
 
-        visible: root.symbol.path !== "" || root.turnedGlyph
+        visible: root.symbol.path !== "" || root.drawnGlyph
         x: margin
         y: Math.floor((root.height - root.em) / 2)
         width: root.width - 2 * margin
@@ -76,7 +75,8 @@ Item {
         rotation: root.symbol.rotation
         em: root.em
         path: root.symbol.path
-        glyph: root.turnedGlyph ? root.symbol.glyph : ""
+        glyph: root.drawnGlyph ? root.symbol.glyph : ""
+        bold: root.bold
         color: root.color
     }
 }

@@ -216,6 +216,15 @@ void SymbolPath::setColor(const QColor &color)
     emit colorChanged();
 }
 
+void SymbolPath::setBold(bool bold)
+{
+    if (bold == m_bold)
+        return;
+    m_bold = bold;
+    update();
+    emit boldChanged();
+}
+
 void SymbolPath::setEm(qreal em)
 {
     if (em == m_em)
@@ -233,6 +242,13 @@ void SymbolPath::paint(QPainter *painter)
     painter->translate((width() - m_em) / 2, (height() - m_em) / 2);
     painter->scale(m_em / 24, m_em / 24);
     painter->fillPath(m_outline, m_color);
+    if (m_bold) {
+        // Cosmetic: the same weight added at any size.
+        QPen pen(m_color, 1.5);
+        pen.setCosmetic(true);
+        pen.setJoinStyle(Qt::MiterJoin);
+        painter->strokePath(m_outline, pen);
+    }
 }
 
 QPainterPath SymbolPath::parse(const QString &data)

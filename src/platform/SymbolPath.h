@@ -8,8 +8,10 @@
 // A drawn icon: SVG path data in a 24 x 24 box, filled with the non-zero
 // rule, the box scaled to `em` and centred in the item; or a glyph of the
 // icon font, placed in the box as SymbolIcon's text places it. Turned
-// glyphs come here: turned text would need a text pipeline of its own. Painted with QPainter's smoothed edges into
-// a texture, so it needs no multisampled layer and no pipeline of its own.
+// glyphs come here, since turned text would need a text pipeline of its
+// own, and bold ones, since the icon font has one weight. Painted with
+// QPainter's smoothed edges into a texture, so it needs no multisampled
+// layer and no pipeline of its own.
 class SymbolPath : public QQuickPaintedItem
 {
     Q_OBJECT
@@ -20,6 +22,8 @@ class SymbolPath : public QQuickPaintedItem
     Q_PROPERTY(qreal em READ em WRITE setEm NOTIFY emChanged)
     // Drawn instead of the path data when not empty.
     Q_PROPERTY(QString glyph READ glyph WRITE setGlyph NOTIFY glyphChanged)
+    // Heavier: the outline is also stroked, a pixel and a half wide.
+    Q_PROPERTY(bool bold READ bold WRITE setBold NOTIFY boldChanged)
 
 public:
     explicit SymbolPath(QQuickItem *parent = nullptr);
@@ -32,6 +36,8 @@ public:
     void setEm(qreal em);
     QString glyph() const { return m_glyph; }
     void setGlyph(const QString &glyph);
+    bool bold() const { return m_bold; }
+    void setBold(bool bold);
 
     // The outline the data describes: absolute and relative moveto, lineto,
     // horizontal, vertical, cubic and elliptical arc segments and closepath.
@@ -47,6 +53,7 @@ signals:
     void colorChanged();
     void emChanged();
     void glyphChanged();
+    void boldChanged();
 
 private:
     void rebuild();
@@ -56,4 +63,5 @@ private:
     QPainterPath m_outline;
     QColor m_color = Qt::black;
     qreal m_em = 24;
+    bool m_bold = false;
 };
