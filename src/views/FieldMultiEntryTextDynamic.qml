@@ -67,6 +67,10 @@ Flickable {
         rightPadding: 5
         wrapMode: TextEdit.Wrap
         textFormat: TextEdit.PlainText
+        // Laid out on the font's design metrics: natively drawn text is laid
+        // out on hinted ones, which a very long item taken up for editing
+        // (a megabyte without a space) takes seconds longer to lay out.
+        renderType: Text.QtRendering
         font.family: "TeX Gyre Heros"
         font.pixelSize: 15
         color: Appearance.foreground
